@@ -1,0 +1,12 @@
+# Turns resources/strings/*.json (flat objects of key and text) into one table compiled into the core,
+# so that neither program reads a file to say something.
+function(quill_embed_strings out)
+  file(GLOB files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/resources/strings/*.json)
+  set(cpp ${CMAKE_BINARY_DIR}/generated/embedded_strings.cpp)
+  add_custom_command(
+    OUTPUT ${cpp}
+    COMMAND ${CMAKE_COMMAND} -DOUT=${cpp} "-DFILES=${files}" -P ${CMAKE_SOURCE_DIR}/cmake/embed_strings.cmake
+    DEPENDS ${files} ${CMAKE_SOURCE_DIR}/cmake/embed_strings.cmake
+    VERBATIM)
+  set(${out} ${cpp} PARENT_SCOPE)
+endfunction()

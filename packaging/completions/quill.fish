@@ -1,0 +1,22 @@
+# fish completion for quill
+set -l commands list run trigger insert title normalize denormalize settings doctor
+complete -c quill -f
+complete -c quill -n "not __fish_seen_subcommand_from $commands" -a "$commands"
+complete -c quill -l root -r -d 'Keep every folder below DIR'
+complete -c quill -l explain -d 'Tell the steps on standard error'
+complete -c quill -l stats -d 'Tell the times on standard error'
+complete -c quill -n '__fish_seen_subcommand_from run trigger' -a "(quill list 2>/dev/null | string match -r 'MenuItem\w+')"
+complete -c quill -n '__fish_seen_subcommand_from run' -l in -r -F -d 'Pasteboard HTML'
+complete -c quill -n '__fish_seen_subcommand_from run' -l text -r -F -d 'Plain text beside it'
+complete -c quill -n '__fish_seen_subcommand_from run insert' -l out -r -F -d 'Result'
+complete -c quill -n '__fish_seen_subcommand_from run' -l file -r -F -d 'Answer to a save panel'
+complete -c quill -n '__fish_seen_subcommand_from run trigger' -l tag -r -d 'Title tag'
+complete -c quill -n '__fish_seen_subcommand_from run insert' -l fragment -d 'Bare fragment'
+complete -c quill -n '__fish_seen_subcommand_from run list doctor settings' -l json -d 'One JSON object'
+complete -c quill -n '__fish_seen_subcommand_from insert' -a 'date time datetime html calendar year-calendar'
+complete -c quill -n '__fish_seen_subcommand_from insert' -l now -r -d 'Moment (ISO 8601)'
+complete -c quill -n '__fish_seen_subcommand_from insert' -l html -r -F -d 'HTML to insert'
+complete -c quill -n '__fish_seen_subcommand_from title' -a '(seq 0 15)'
+complete -c quill -n '__fish_seen_subcommand_from title' -l in -r -F -d 'Title'
+complete -c quill -n '__fish_seen_subcommand_from normalize' -l unchecked
+complete -c quill -n '__fish_seen_subcommand_from settings' -a 'list get set'

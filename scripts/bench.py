@@ -1,0 +1,168 @@
+#!/usr/bin/env python3
+"""Measures this program beside its peers in one run and prints one table. Every figure is a median; a ratio is
+taken between two things that ran side by side, so that a slow or busy machine slows both. Exit status 1 when a
+budget is missed."""
+import json
+import os
+import pathlib
+import shutil
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+BIN = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else "build/bench/bin").resolve()
+ONLY = sys.argv[2] if len(sys.argv) > 2 else ""
+rows = []
+
+
+def row(what, ours, peer, ratio, budget, ok):
+    rows.append((what, ours, peer, ratio, budget, "ok" if ok else "MISSED"))
+
+
+def micro():
+    """The in-process benchmarks: median real time in nanoseconds by name."""
+    out = subprocess.run(
+        [BIN / "bench_content", "--benchmark_format=json", "--benchmark_repetitions=5",
+         "--benchmark_enable_random_interleaving=true", "--benchmark_report_aggregates_only=true", "--benchmark_min_time=0.05"],
+        capture_output=True, check=True, text=True)
+    result = {}
+    for entry in json.loads(out.stdout)["benchmarks"]:
+        if entry.get("aggregate_name") == "median":
+            result[entry["run_name"]] = (entry["real_time"], entry.get("bytes_per_second", 0) / 1e6)
+    return result
+
+
+SPEED = [  # ours, peer, shape, at least this many times as fast
+    ("HtmlToXml", "libxml2_html", {"text": 10, "table": 10, "image": 5}),
+    ("Parse", "libxml2_xml", {"text": 7, "table": 7, "image": 1.5}),
+    ("ThereAndBack", "libxml2_html", {"text": 5, "table": 5, "image": 3}),
+]
+
+
+def speed(results):
+    for ours, peer, budgets in SPEED:
+        for shape, least in budgets.items():
+            mine, other = results.get(f"{ours}/{shape}"), results.get(f"{peer}/{shape}")
+            if not mine or not other:
+                row(f"{ours}, {shape}", "not measured", "", "", f">= {least}", False)
+                continue
+            ratio = other[0] / mine[0]
+            row(f"{ours}, {shape}", f"{mine[1]:.0f} MB/s", f"{peer} {other[1]:.0f} MB/s", f"{ratio:.1f}", f">= {least}", ratio >= least)
+
+
+def linearity(results):
+    for name in sorted(results):
+        if not name.startswith("Linear/") or not name.endswith("/10"):
+            continue
+        small, large = results.get(name[:-1]), results[name]
+        if small:
+            growth = large[0] / small[0]
+            row(f"ten times the input: {name[7:-3]}", f"{large[0] / 1e6:.2f} ms", f"{small[0] / 1e6:.3f} ms", f"{growth:.1f}", "<= 11", growth <= 11)
+
+
+def run(command, **more):
+    """Wall seconds and peak resident kilobytes of one process."""
+    start = time.perf_counter()
+    process = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, **more)
+    _, status, usage = os.wait4(process.pid, 0)
+    process.returncode = os.waitstatus_to_exitcode(status)
+    if process.returncode != 0:
+        raise RuntimeError(f"{command}: exit status {process.returncode}")
+    return time.perf_counter() - start, usage.ru_maxrss
+
+
+def pairs(ours, peer, times, **more):
+    """Medians of ours and the peer, run in turn, and of the ratio pair by pair."""
+    run(ours, **more), run(peer, **more)
+    samples = [(run(ours, **more), run(peer, **more)) for _ in range(times)]
+    middle = lambda pick: statistics.median(pick(a, b) for a, b in samples)
+    return {"ours": middle(lambda a, b: a[0]), "peer": middle(lambda a, b: b[0]), "ratio": middle(lambda a, b: a[0] / b[0]),
+            "ours_kb": middle(lambda a, b: a[1]), "peer_kb": middle(lambda a, b: b[1]), "ratio_kb": middle(lambda a, b: a[1] / b[1])}
+
+
+def processes(folder):
+    small = folder / "small.html"
+    small.write_text("<html><body><!--StartFragment-->" + "<p>abc def</p>" * 70 + "<!--EndFragment--></body></html>")
+    root = str(folder / "root")
+    ours = [BIN / "quill", "--root", root, "run", "3", "--in", small]
+    got = pairs(ours, ["curl", "--version"], 41)
+    row("quill run 3, 1 KB, whole process", f"{got['ours'] * 1e3:.1f} ms", f"curl --version {got['peer'] * 1e3:.1f} ms", f"{got['ratio']:.2f}", "<= 1.0", got["ratio"] <= 1.0)
+    shapes = {"text": "<p style='margin:0in;font-family:Calibri;font-size:11.0pt'>The quick brown fox jumps&nbsp;over it.</p>\r\n",
+              "table": "<tr><td style='border-style:solid;border-color:#A3A3A3;border-width:1pt;vertical-align:top;width:1.49in;padding:2.0pt 3.0pt 2.0pt 3.0pt'><p style='margin:0in'>cell</p></td></tr>\r\n",
+              "image": "<p><img width=640 height=480 src=\"data:image/png;base64," + "iVBORw0KGgo" * 40000 + "\"></p>"}
+    for name, unit in shapes.items():
+        file = folder / f"{name}.html"
+        body = unit * (3_000_000 // len(unit) + 1)
+        body = f"<table border=1>{body}</table>" if name == "table" else body
+        file.write_text(f"<html><body><!--StartFragment-->{body}<!--EndFragment--></body></html>")
+        command = lambda f: [BIN / "quill", "--root", root, "run", "3", "--in", f]
+        base = statistics.median(run(command(small))[1] for _ in range(5))
+        peak = statistics.median(run(command(file))[1] for _ in range(5))
+        times = (peak - base) * 1024 / len(body)
+        row(f"memory of one command, {name}", f"{(peak - base) / 1024:.0f} MB", f"fragment {len(body) / 1e6:.1f} MB", f"{times:.1f}", "<= 8", times <= 8)
+
+
+def desktop():
+    """Start-up and memory beside a bare Qt tray program; runs itself again inside a virtual display."""
+    if "QUILL_BENCH_DISPLAY" in os.environ:
+        folder = tempfile.mkdtemp()
+        got = pairs([BIN / "quillmenu", "--root", folder, "--exit-when-ready"], [BIN / "floor_tray", "--exit-when-ready"], 21)
+        shutil.rmtree(folder)
+        print(json.dumps(got))
+        return
+    script = [pathlib.Path("scripts/with-display.sh").resolve(), sys.executable, __file__, BIN, "desktop"]
+    out = subprocess.run(script, env=dict(os.environ, QUILL_BENCH_DISPLAY="1", QUILL_TRAY="1"), capture_output=True, text=True)
+    if out.returncode != 0:
+        row("quillmenu: start to tray", "not measured", out.stderr[-200:], "", "<= 1.6", False)
+        return
+    got = json.loads(out.stdout.splitlines()[-1])
+    row("quillmenu: start to tray", f"{got['ours'] * 1e3:.0f} ms", f"bare Qt tray {got['peer'] * 1e3:.0f} ms", f"{got['ratio']:.2f}", "<= 1.6", got["ratio"] <= 1.6)
+    row("quillmenu: resident memory", f"{got['ours_kb'] / 1024:.0f} MB", f"bare Qt tray {got['peer_kb'] / 1024:.0f} MB", f"{got['ratio_kb']:.2f}", "<= 1.6", got["ratio_kb"] <= 1.6)
+
+
+def round_trip():
+    """The whole command against Chromium beside the same keys by hand; printed by the program itself as JSON."""
+    program = BIN / "bench_round_trip"
+    if not program.exists():
+        row("round trip, X11 and Chromium", "not measured", "", "", "<= 1.3", False)
+        return
+    out = subprocess.run([program], capture_output=True, text=True)
+    if out.returncode != 0:
+        row("round trip, X11 and Chromium", "not measured", out.stderr[-200:], "", "<= 1.3", False)
+        return
+    got = json.loads(out.stdout.splitlines()[-1])
+    row("round trip, X11 and Chromium", f"{got['ours_ms']:.0f} ms", f"xdotool + xclip {got['peer_ms']:.0f} ms", f"{got['ratio']:.2f}", "<= 1.3", got["ratio"] <= 1.3)
+
+
+def table():
+    heads = ("what", "ours", "peer or floor", "ratio", "budget", "verdict")
+    widths = [max(len(str(r[i])) for r in rows + [heads]) for i in range(6)]
+    line = lambda r: "  ".join(str(c).ljust(w) for c, w in zip(r, widths)).rstrip()
+    text = "\n".join([line(heads), line(["-" * w for w in widths])] + [line(r) for r in rows])
+    print(text)
+    report = pathlib.Path("build/bench/table.txt")
+    report.write_text(text + "\n")
+
+
+def main():
+    if "QUILL_BENCH_DISPLAY" in os.environ:
+        return desktop()
+    if ONLY in ("", "content"):
+        results = micro()
+        speed(results)
+        linearity(results)
+    if ONLY in ("", "processes"):
+        with tempfile.TemporaryDirectory() as name:
+            processes(pathlib.Path(name))
+    if ONLY in ("", "desktop"):
+        desktop()
+    if ONLY in ("", "roundtrip"):
+        round_trip()
+    table()
+    return 1 if any(r[5] != "ok" for r in rows) else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

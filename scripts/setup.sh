@@ -1,0 +1,52 @@
+# Sourced by ./dev: packages, configuring and building.
+
+# Installs what is missing. A stamp beside the build remembers the list that was last satisfied.
+ensure_packages() {
+  local list=packaging/debian-packages.txt stamp=build/packages.stamp
+  if [ "$(uname -s)" = Darwin ]; then
+    brew bundle --quiet --file packaging/Brewfile
+    return
+  fi
+  if [ -f "$stamp" ] && cmp -s "$list" "$stamp"; then return; fi
+  if ! command -v apt-get >/dev/null; then
+    echo "dev: no apt-get here; install what $list names yourself" >&2
+    return
+  fi
+  local missing=() package
+  while read -r package; do
+    case "$package" in '' | '#'*) continue ;; esac
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q '^install ok installed' || missing+=("$package")
+  done <"$list"
+  if [ ${#missing[@]} -gt 0 ]; then
+    echo "dev: installing ${#missing[@]} packages" >&2
+    local root=()
+    [ "$(id -u)" = 0 ] || root=(sudo)
+    "${root[@]}" apt-get update -qq
+    DEBIAN_FRONTEND=noninteractive "${root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >build-packages.log 2>&1 || {
+      tail -n 20 build-packages.log >&2
+      return 1
+    }
+    rm -f build-packages.log
+  fi
+  mkdir -p build
+  cp "$list" "$stamp"
+}
+
+# configure PRESET: only when it has not been done, or when the presets changed.
+configure() {
+  local folder=build/$1
+  if [ ! -f "$folder/build.ninja" ] || [ CMakePresets.json -nt "$folder/CMakeCache.txt" ]; then
+    cmake --preset "$1" >"build/$1-configure.log" 2>&1 || {
+      tail -n 40 "build/$1-configure.log" >&2
+      return 1
+    }
+  fi
+}
+
+# build PRESET TARGET…
+build() {
+  local preset=$1
+  shift
+  configure "$preset"
+  cmake --build "build/$preset" --target "$@" -- --quiet
+}

@@ -1,0 +1,122 @@
+#include <fmt/format.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <nlohmann/json.hpp>
+
+#include "cli/commands.h"
+#include "cli/console.h"
+#include "platform/clock.h"
+#include "platform/posix/local_channel.h"
+#include "shell/globals.h"
+
+namespace quill::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Finding {
+  std::string subject;
+  bool ok;
+  std::string words;
+};
+
+Finding LookAtFolders(const shell::Globals& globals) {
+  const shell::Folders& folders = globals.folders;
+  if (folders.usesLocalDomain) return {"folders", true, "local domain: " + folders.SupportFolder.string()};
+  return {"folders", true,
+          fmt::format("user domain: {} (the local domain is not used: {})", folders.SupportFolder.string(),
+                      folders.localDomainProblem)};
+}
+
+Finding LookAtSettings(const shell::Globals& globals) {
+  if (!globals.settingsProblem.empty()) return {"settings", false, globals.settingsProblem};
+  std::error_code error;
+  const bool exists = fs::exists(globals.folders.SettingsFile, error);
+  return {"settings", true,
+          exists ? globals.folders.SettingsFile.string()
+                 : "built-in values; no settings file has been written yet"};
+}
+
+Finding LookAtApplication(const Call& call) {
+  const Result<fs::path> path = platform::LocalChannelPath(call.root);
+  if (!path.ok()) return {"running application", false, path.error()};
+  const Result<std::string> answer =
+      platform::AskLocalChannel(*path, R"({"ping":true})", std::chrono::seconds(2));
+  if (answer.ok()) return {"running application", true, "answers at " + path->string()};
+  return {"running application", false, "none; start quillmenu to work on a live selection"};
+}
+
+Finding LookAtDisplay() {
+  const char* wayland = std::getenv("WAYLAND_DISPLAY");
+  const char* x11 = std::getenv("DISPLAY");
+  if (x11 != nullptr && *x11 != '\0') {
+    return {"display", true,
+            fmt::format(
+                "X11 {}{}", x11,
+                wayland != nullptr ? "; this is a Wayland session, so only X11 windows can be driven" : "")};
+  }
+  if (wayland != nullptr) {
+    return {"display", false, "Wayland without X11: windows open, but no keys can be sent to other programs"};
+  }
+  return {"display", false, "none; only the command line works here"};
+}
+
+/// The first executable of this name on PATH.
+std::string FindOnPath(std::string_view name) {
+  const char* path = std::getenv("PATH");
+  std::string_view rest = path != nullptr ? path : "";
+  while (!rest.empty()) {
+    const std::size_t end = rest.find(':');
+    const std::string file = (fs::path(rest.substr(0, end)) / name).string();
+    if (::access(file.c_str(), X_OK) == 0) return file;
+    rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
+  }
+  return {};
+}
+
+Finding LookAtTool(const std::string& name, const std::string& use) {
+  const std::string found = FindOnPath(name);
+  if (!found.empty()) return {name, true, found};
+  return {name, false, fmt::format("not installed; needed for {}", use)};
+}
+
+std::vector<Finding> Examine(const Call& call) {
+  const shell::Globals globals = shell::OpenGlobals(call.root, platform::SystemClock());
+  return {LookAtFolders(globals),
+          LookAtSettings(globals),
+          LookAtDisplay(),
+          LookAtApplication(call),
+          LookAtTool("highlight", "coloured source code"),
+          LookAtTool("zip", "notebook packages"),
+          LookAtTool("unzip", "notebook packages"),
+          LookAtTool("cabextract", "opening .onepkg files")};
+}
+
+void Print(const std::vector<Finding>& findings, bool json) {
+  nlohmann::json list = nlohmann::json::array();
+  std::string text;
+  for (const Finding& finding : findings) {
+    list.push_back({{"subject", finding.subject}, {"ok", finding.ok}, {"words", finding.words}});
+    text += fmt::format("{} {:<20} {}\n", finding.ok ? "ok" : "--", finding.subject, finding.words);
+  }
+  WriteOutput("", json ? nlohmann::json{{"findings", list}}.dump(2) + "\n" : text);
+}
+
+}  // namespace
+
+void AddDoctor(CLI::App& app, Call& call) {
+  auto json = std::make_shared<bool>(false);
+  CLI::App* doctor =
+      app.add_subcommand("doctor", "What works on this machine, what does not, and what to do about it");
+  doctor->add_flag("--json", *json, "One JSON object");
+  doctor->callback([&call, json] { Print(Examine(call), *json); });
+}
+
+}  // namespace quill::cli

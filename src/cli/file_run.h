@@ -1,0 +1,39 @@
+#pragma once
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "cli/commands.h"
+#include "platform/clock.h"
+#include "platform/recording/recording.h"
+#include "shell/onenote_main.h"
+
+namespace quill::cli {
+
+/// What `run` works on when it is not the live selection.
+struct FileInput {
+  std::string html;                  ///< a whole pasteboard document
+  std::optional<std::string> text;   ///< its plain-text companion
+  std::optional<std::string> title;  ///< the page's title
+  std::optional<std::string> file;   ///< the answer to a save panel
+};
+
+/// What a command did, for printing.
+struct FileOutcome {
+  std::optional<std::int64_t> result;
+  std::optional<platform::recording::Paste> paste;
+  std::optional<std::string> clipboardText;
+  std::vector<std::string> messages;
+  bool missedSavePath = false;  ///< the command asked where to save and had no answer
+};
+
+/// Runs one numbered command on files, in memory, with this user's settings. Stops with `kWrongCall` for a
+/// number that no command has.
+FileOutcome RunOnFile(const Call& call, std::int64_t number, std::int64_t int1, std::string_view str3,
+                      const FileInput& input, const platform::Clock& clock);
+
+/// What goes to standard output for a paste or a clipboard result; `bareFragment` leaves the document
+/// around the fragment out.
+std::string PrintedResult(const FileOutcome& outcome, bool bareFragment);
+
+}  // namespace quill::cli

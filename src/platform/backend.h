@@ -1,0 +1,45 @@
+#pragma once
+#include <functional>
+#include <string_view>
+
+#include "platform/desktop.h"
+#include "platform/pasteboard.h"
+
+namespace quill::platform {
+
+/// A desktop with the pasteboard that belongs to it.
+struct Backend {
+  std::string_view name;  ///< "x11", "practice", "mac", "none"
+  Desktop* desktop;
+  Pasteboard* pasteboard;
+};
+
+/// Picks the backend for the next command: what the user was working in. Called on the command thread.
+using ChooseBackend = std::function<Backend()>;
+
+/// The backend of a session where no other window can be reached and nothing else is open: every script
+/// fails with the given problem, the pasteboard holds nothing.
+class NoDesktop final : public Desktop, public Pasteboard {
+ public:
+  explicit NoDesktop(ScriptProblem problem) : m_problem(problem) {}
+
+  ScriptResult RunScript(std::string_view) override { return {m_problem, {}}; }
+  bool ApplicationInstalled(std::string_view) override { return false; }
+  bool OneNoteRunning() override { return false; }
+  std::int64_t IdleSeconds() override { return -1; }
+
+  void Clear() override {}
+  bool WaitForNewContents(std::chrono::milliseconds) override { return false; }
+  Result<std::string, ReadProblem> Read(Flavour) override { return Failure{ReadProblem::Absent}; }
+  bool Write(Flavour, std::string_view) override { return true; }
+  PasteboardSnapshot Save() override { return {}; }
+  void Restore(const PasteboardSnapshot&) override {}
+  std::vector<std::string> FlavourNames() override { return {}; }
+
+  Backend backend() { return {"none", this, this}; }
+
+ private:
+  ScriptProblem m_problem;
+};
+
+}  // namespace quill::platform

@@ -1,0 +1,23 @@
+#pragma once
+#include <memory>
+
+#include "platform/hot_keys.h"
+
+namespace quill::platform::mac {
+
+/// System-wide keys through Carbon's hot-key service. Made, used and destroyed on the main thread; the keys
+/// are taken in the order of the calls and given back by the destructor.
+class MacHotKeys final : public HotKeyRegistrar {
+ public:
+  MacHotKeys();
+  ~MacHotKeys() override;
+
+  void OnPressed(std::function<void(std::uint32_t identifier)> handler) override;
+  std::string Register(const HotKey& key) override;
+
+ private:
+  struct Parts;
+  std::unique_ptr<Parts> m_parts;
+};
+
+}  // namespace quill::platform::mac

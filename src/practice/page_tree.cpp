@@ -1,0 +1,62 @@
+#include "practice/page_tree.h"
+
+#include <QHeaderView>
+#include <QSignalBlocker>
+
+namespace quill::practice {
+namespace {
+
+constexpr int kSection = Qt::UserRole;
+constexpr int kName = Qt::UserRole + 1;
+
+QString ToQt(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+PageTree::PageTree(const shell::StringTable& strings, QWidget* parent)
+    : QTreeWidget(parent), m_strings(strings) {
+  setHeaderHidden(true);
+  setRootIsDecorated(false);
+  setIndentation(14);
+  setUniformRowHeights(true);
+  setFrameShape(QFrame::NoFrame);
+  setStyleSheet("QTreeView { padding: 8px 4px; } QTreeView::item { padding: 4px 6px; }");
+  setAccessibleName(ToQt(strings.Text("strPracticePages")));
+  connect(this, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
+    if (!item || item->data(0, kName).isNull()) return;
+    emit Chosen(item->data(0, kSection).toString(), item->data(0, kName).toString());
+  });
+}
+
+void PageTree::ShowPages(const std::vector<PageEntry>& pages, const PageAddress& open) {
+  const QSignalBlocker quiet(this);
+  clear();
+  QTreeWidgetItem* section = nullptr;
+  for (const PageEntry& page : pages) {
+    const QString sectionName = ToQt(page.address.section);
+    if (!section || section->text(0) != sectionName) {
+      section = new QTreeWidgetItem(this, {sectionName});
+      section->setData(0, kSection, sectionName);
+      section->setFlags(Qt::ItemIsEnabled);
+      QFont bold = font();
+      bold.setBold(true);
+      section->setFont(0, bold);
+      section->setExpanded(true);
+    }
+    const QString title = ToQt(page.title.empty() ? m_strings.Text("strPracticeUntitled") : page.title);
+    auto* item = new QTreeWidgetItem(section, {title});
+    item->setToolTip(0, title);
+    item->setData(0, kSection, sectionName);
+    item->setData(0, kName, ToQt(page.address.name));
+    if (page.address == open) setCurrentItem(item);
+  }
+}
+
+std::optional<std::string> PageTree::CurrentSection() const {
+  if (!currentItem()) return std::nullopt;
+  return currentItem()->data(0, kSection).toString().toStdString();
+}
+
+}  // namespace quill::practice

@@ -1,0 +1,105 @@
+#include "shell/application.h"
+
+#include <future>
+#include <nlohmann/json.hpp>
+
+namespace quill::shell {
+namespace {
+
+constexpr std::chrono::seconds kHousekeepingPeriod(1);
+
+/// Keeps alerts for a caller who is not in front of the screen; everything else goes to the screen.
+class CollectingInterface final : public platform::UserInterface {
+ public:
+  CollectingInterface(platform::UserInterface& screen, std::vector<std::string>& messages)
+      : m_screen(screen), m_messages(messages) {}
+
+  void ShowMessage(std::string_view text) override { m_messages.emplace_back(text); }
+  bool AskYesNo(std::string_view question) override { return m_screen.AskYesNo(question); }
+  std::optional<std::filesystem::path> AskSavePath(const platform::SavePanel& panel) override {
+    return m_screen.AskSavePath(panel);
+  }
+
+ private:
+  platform::UserInterface& m_screen;
+  std::vector<std::string>& m_messages;
+};
+
+const CommandRow* RequestedRow(const nlohmann::json& action) {
+  if (action.is_number_integer()) return FindCommandByNumber(action.get<std::int64_t>());
+  if (action.is_string()) return FindCommand(action.get_ref<const std::string&>());
+  return nullptr;
+}
+
+std::string ErrorLine(std::string_view text) {
+  return nlohmann::json{{"ok", false}, {"error", text}}.dump(-1, ' ', false,
+                                                             nlohmann::json::error_handler_t::replace);
+}
+
+}  // namespace
+
+Application::Application(Parts parts)
+    : m_parts(std::move(parts)),
+      m_housekeeping(m_parts.globals, m_parts.idleSource, m_parts.clock),
+      m_settingsWatch(m_parts.globals.folders.SettingsFile) {
+  m_thread = std::make_unique<CommandThread>([this] { m_housekeeping.Tick(); }, kHousekeepingPeriod);
+}
+
+Application::~Application() = default;
+
+Outcome Application::Execute(const RunRequest& request) {
+  Outcome outcome;
+  outcome.ran = true;
+  CollectingInterface collecting(m_parts.ui, outcome.messages);
+  Explain explain;
+  if (request.explain) {
+    explain.SendStepsTo([&outcome](std::string_view line) { outcome.steps.emplace_back(line); });
+    explain.SendTimingsTo([&outcome](std::string_view line) { outcome.steps.emplace_back(line); });
+  }
+  platform::UserInterface& ui =
+      request.messagesToCaller ? static_cast<platform::UserInterface&>(collecting) : m_parts.ui;
+  if (m_settingsWatch.Changed()) LoadSettings(m_parts.globals);
+  const platform::Backend backend = m_parts.chooseBackend();
+  explain.Note(std::string("target: ").append(backend.name));
+  Services services{*backend.desktop, *backend.pasteboard, ui, m_parts.clock, m_parts.strings, explain};
+  CommandContext context{services, m_parts.globals, request.argument.value_or(request.row->argument)};
+  request.row->handler(context, *request.row);
+  return outcome;
+}
+
+void Application::Run(const RunRequest& request, std::function<void(Outcome)> done) {
+  auto outcome = std::make_shared<Outcome>();
+  const std::string title(m_parts.strings.Text(request.row->titleKey));
+  const std::optional<std::string> busyWith = m_thread->TryRun(
+      title, [this, request, outcome] { *outcome = Execute(request); },
+      [outcome, done] { done(std::move(*outcome)); });
+  if (busyWith) {
+    Outcome refused;
+    refused.messages.push_back(m_parts.strings.Format("msgBusy", {*busyWith}));
+    done(std::move(refused));
+  }
+}
+
+Outcome Application::RunAndWait(const RunRequest& request) {
+  std::promise<Outcome> promise;
+  Run(request, [&promise](Outcome outcome) { promise.set_value(std::move(outcome)); });
+  return promise.get_future().get();
+}
+
+std::string Application::Answer(std::string_view requestLine) {
+  const nlohmann::json request = nlohmann::json::parse(requestLine, nullptr, false);
+  if (!request.is_object()) return ErrorLine("the request is not a JSON object");
+  if (request.contains("ping")) return nlohmann::json{{"ok", true}}.dump();
+  if (!request.contains("trigger")) return ErrorLine("the request has neither \"trigger\" nor \"ping\"");
+  const CommandRow* row = RequestedRow(request["trigger"]);
+  if (row == nullptr) return ErrorLine("no such action");
+  RunRequest run{row, std::nullopt, true, request.value("explain", nlohmann::json(false)) == true};
+  if (request.contains("argument") && request["argument"].is_number_integer())
+    run.argument = request["argument"].get<std::int64_t>();
+  const Outcome outcome = RunAndWait(run);
+  const nlohmann::json answer = {
+      {"ok", outcome.ran}, {"action", row->action}, {"messages", outcome.messages}, {"steps", outcome.steps}};
+  return answer.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+}
+
+}  // namespace quill::shell

@@ -1,0 +1,90 @@
+#include "shell/globals.h"
+
+#include "shell/config.h"
+
+namespace quill::shell {
+namespace {
+
+void Read(const MConfig& config, std::string_view key, bool& value) {
+  value = config.ReadBool(key, value);
+}
+void Read(const MConfig& config, std::string_view key, std::int64_t& value) {
+  value = config.ReadInt(key, value);
+}
+void Read(const MConfig& config, std::string_view key, std::string& value) {
+  value = config.ReadString(key, value);
+}
+void Read(const MConfig& config, std::string_view key, StoredDate& value) {
+  value = config.ReadDate(key, value);
+}
+
+void Write(MConfig& config, std::string_view key, bool value) {
+  config.WriteBool(key, value);
+}
+void Write(MConfig& config, std::string_view key, std::int64_t value) {
+  config.WriteInt(key, value);
+}
+void Write(MConfig& config, std::string_view key, const std::string& value) {
+  config.WriteString(key, value);
+}
+void Write(MConfig& config, std::string_view key, const StoredDate& value) {
+  config.WriteDate(key, value);
+}
+
+void ReadRow(const MConfig& config, const SettingRow& row, Settings& settings) {
+  std::visit(
+      [&](auto field) {
+        auto value = settings.*field;
+        Read(config, row.key, settings.*field);
+        if (row.accepts != nullptr && !row.accepts(SettingText(settings, row)))
+          settings.*field = std::move(value);
+      },
+      row.field);
+}
+
+void WriteRow(MConfig& config, const SettingRow& row, const Settings& settings) {
+  std::visit([&](auto field) { Write(config, row.key, settings.*field); }, row.field);
+}
+
+Globals GlobalsIn(Folders folders, const platform::Clock& clock) {
+  const std::chrono::system_clock::time_point now = clock.Now();
+  Globals globals;
+  globals.folders = std::move(folders);
+  globals.settings = DefaultSettings(now);
+  globals.scripts = BuiltInScripts();
+  globals.oneDayBack = now - std::chrono::seconds(86'400);
+  LoadSettings(globals);
+  return globals;
+}
+
+}  // namespace
+
+Globals InitGlobals(const std::filesystem::path& root, const platform::Clock& clock) {
+  return GlobalsIn(CreateFolders(FindFolderRoots(root)), clock);
+}
+
+Globals OpenGlobals(const std::filesystem::path& root, const platform::Clock& clock) {
+  return GlobalsIn(FindFolders(FindFolderRoots(root)), clock);
+}
+
+void LoadSettings(Globals& globals) {
+  const MConfig config(globals.folders.SettingsFile);
+  globals.settingsProblem = config.Problem();
+  for (const SettingRow& row : SettingTable()) ReadRow(config, row, globals.settings);
+}
+
+Status<> SaveSettings(const Globals& globals) {
+  MConfig config(globals.folders.SettingsFile);
+  for (const SettingRow& row : SettingTable()) {
+    if (row.writer == SettingWriter::SaveSettings) WriteRow(config, row, globals.settings);
+  }
+  return config.Save();
+}
+
+Status<> SaveSetting(const Globals& globals, const SettingRow& row) {
+  MConfig config(globals.folders.SettingsFile);
+  WriteRow(config, row, globals.settings);
+  return config.Save();
+}
+
+}  // namespace quill::shell

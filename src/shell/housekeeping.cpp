@@ -1,0 +1,56 @@
+#include "shell/housekeeping.h"
+
+#include <algorithm>
+
+namespace quill::shell {
+namespace {
+
+bool BackupEnabled(const Settings& settings) {
+  return settings.OneAppBackup_Enable;
+}
+
+bool Always(const Settings&) {
+  return true;
+}
+
+/// Sets a flag for a scope, whichever way the scope ends.
+class Raised {
+ public:
+  explicit Raised(bool& flag) : m_flag(flag) { m_flag = true; }
+  ~Raised() { m_flag = false; }
+  Raised(const Raised&) = delete;
+  Raised& operator=(const Raised&) = delete;
+
+ private:
+  bool& m_flag;
+};
+
+}  // namespace
+
+Housekeeping::Housekeeping(Globals& globals, platform::Desktop& desktop, const platform::Clock& clock)
+    : m_globals(globals),
+      m_desktop(desktop),
+      m_clock(clock),
+      m_jobs{{HousekeepingSlot::Backup, 10, BackupEnabled, nullptr},
+             {HousekeepingSlot::UpdateDownload, 20, Always, nullptr},
+             {HousekeepingSlot::UpdateNotice, 30, Always, nullptr}} {}
+
+void Housekeeping::AddJob(HousekeepingSlot slot, Work work) {
+  for (Job& job : m_jobs) {
+    if (job.slot == slot) job.run = std::move(work);
+  }
+}
+
+void Housekeeping::Tick() {
+  const bool idleMatters =
+      std::any_of(m_jobs.begin(), m_jobs.end(), [](const Job& job) { return static_cast<bool>(job.run); });
+  if (m_ticking || !idleMatters) return;
+  const Raised ticking(m_ticking);
+  const std::int64_t idle = m_desktop.IdleSeconds();
+  for (const Job& job : m_jobs) {
+    if (idle < job.minIdleSeconds) return;  // the later jobs need more
+    if (job.run && job.enabled(m_globals.settings)) job.run(m_globals, m_clock.Now());
+  }
+}
+
+}  // namespace quill::shell

@@ -1,0 +1,21 @@
+#pragma once
+#include "platform/clock.h"
+#include "platform/desktop.h"
+#include "platform/pasteboard.h"
+#include "platform/user_interface.h"
+#include "shell/explain.h"
+#include "shell/string_table.h"
+
+namespace quill::shell {
+
+/// What a command needs from outside, passed in at construction.
+struct Services {
+  platform::Desktop& desktop;
+  platform::Pasteboard& pasteboard;
+  platform::UserInterface& ui;
+  const platform::Clock& clock;
+  const StringTable& strings;
+  Explain& explain;
+};
+
+}  // namespace quill::shell

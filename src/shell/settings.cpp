@@ -1,0 +1,186 @@
+#include "shell/settings.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <ctime>
+
+#include "base/version.h"
+
+namespace quill::shell {
+namespace {
+
+constexpr std::int64_t kLongestTimeout = 60'000'000;
+constexpr std::int64_t kMostPages = 1'000'000;
+
+std::optional<std::int64_t> WholeNumber(std::string_view text) {
+  std::int64_t number = 0;
+  const auto [end, problem] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (problem != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return number;
+}
+
+bool IsTimeout(std::string_view text) {
+  const auto number = WholeNumber(text);
+  return number && *number >= 0 && *number <= kLongestTimeout;
+}
+
+bool IsPageCount(std::string_view text) {
+  const auto number = WholeNumber(text);
+  return number && *number >= 0 && *number <= kMostPages;
+}
+
+bool IsColour(std::string_view text) {
+  return text.size() == 7 && text[0] == '#' &&
+         text.find_first_not_of("0123456789abcdefABCDEF", 1) == std::string_view::npos;
+}
+
+using enum SettingWriter;
+using S = Settings;
+
+constexpr SettingRow kTable[] = {
+    {"CalendarStartWithMonday", &S::CalendarStartWithMonday, SaveSettings, false,
+     "Calendars begin the week with Monday"},
+    {"DateFormat", &S::DateFormat, SaveSettings, false, "Pattern of inserted dates"},
+    {"TimeFormat", &S::TimeFormat, SaveSettings, false, "Pattern of inserted times"},
+    {"JournalDayFormat", &S::JournalDayFormat, SaveSettings, false,
+     "Title of a new page, with a date pattern in brackets"},
+    {"Syntax_Lang", &S::Syntax_Lang, SaveSettings, false, "Highlighting: language"},
+    {"Syntax_Theme", &S::Syntax_Theme, SaveSettings, false, "Highlighting: colour theme"},
+    {"Syntax_Font", &S::Syntax_Font, SaveSettings, false, "Highlighting: font"},
+    {"Syntax_FontSize", &S::Syntax_FontSize, SaveSettings, false, "Highlighting: font size in points"},
+    {"Syntax_LineNumbers", &S::Syntax_LineNumbers, SaveSettings, false, "Highlighting: number the lines"},
+    {"Syntax_FrameUp", &S::Syntax_FrameUp, SaveSettings, false, "Highlighting: put a frame around the code"},
+    {"Syntax_Shaping", &S::Syntax_Shaping, SaveSettings, false, "Highlighting: background of the frame",
+     IsColour, "a colour as #RRGGBB"},
+    {"Syntax_Bold", &S::Syntax_Bold, SaveSettings, false, "Highlighting: bold"},
+    {"TableStyle_SelectIndex", &S::TableStyle_SelectIndex, SaveSettings, false, "Last chosen table style"},
+    {"Phonetics_Language", &S::Phonetics_Language, SaveSettings, false, "Language of the phonetic symbols"},
+    {"OnlineOneNoteAccessToken", &S::OnlineOneNoteAccessToken, SaveSettings, true, "Sign-in: access token"},
+    {"OnlineOneNoteRefreshToken", &S::OnlineOneNoteRefreshToken, SaveSettings, true,
+     "Sign-in: refresh token"},
+    {"ClientUrlAccountId", &S::ClientUrlAccountId, SaveSettings, false, "Account in links to OneNote"},
+    {"OnlineOneNoteUserId", &S::OnlineOneNoteUserId, SaveSettings, false, "Sign-in: user identifier"},
+    {"OnlineOneNoteUserPrincipalName", &S::OnlineOneNoteUserPrincipalName, SaveSettings, false,
+     "Sign-in: user name"},
+    {"MonitorPageTotal", &S::MonitorPageTotal, SaveSettings, false, "Watch the number of pages"},
+    {"AlertOnDelPageNum", &S::AlertOnDelPageNum, SaveSettings, false,
+     "Warn when so many pages have disappeared", IsPageCount, "a whole number from 0 to 1000000"},
+    {"OneAppBackup_Enable", &S::OneAppBackup_Enable, SaveSettings, false, "Back up the notebooks daily"},
+    {"Perform_Timeout", &S::Perform_Timeout, SaveSettings, false,
+     "Longest wait for the clipboard, in microseconds", IsTimeout, "a whole number from 0 to 60000000"},
+    {"TargetWindowPattern", &S::TargetWindowPattern, SaveSettings, false,
+     "Found in the title or class of the window to work in (X11)"},
+    {"OneAppBackup_Last", &S::OneAppBackup_Last, Owner, false, "Day of the last backup"},
+    {"OneAppUpdate_Last", &S::OneAppUpdate_Last, Owner, false, "Day of the last look for updates"},
+    {"CheckedUpdateVersion_Last", &S::CheckedUpdateVersion_Last, Owner, false,
+     "Newest version that the user was told about"},
+};
+
+std::string TextOf(bool value) {
+  return value ? "true" : "false";
+}
+std::string TextOf(std::int64_t value) {
+  return std::to_string(value);
+}
+std::string TextOf(const std::string& value) {
+  return value;
+}
+std::string TextOf(const StoredDate& value) {
+  return StoredDateText(value);
+}
+
+// Each of these yields what was expected, or an empty text when the value was taken.
+std::string_view Take(bool& value, std::string_view text) {
+  std::string lower(text);
+  std::transform(lower.begin(), lower.end(), lower.begin(),
+                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; });
+  const bool yes = lower == "true" || lower == "yes" || lower == "1";
+  const bool no = lower == "false" || lower == "no" || lower == "0";
+  if (!yes && !no) return "true or false";
+  value = yes;
+  return {};
+}
+
+std::string_view Take(std::int64_t& value, std::string_view text) {
+  const auto number = WholeNumber(text);
+  if (!number) return "a whole number";
+  value = *number;
+  return {};
+}
+
+std::string_view Take(std::string& value, std::string_view text) {
+  const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; };
+  if (std::any_of(text.begin(), text.end(), isControl)) return "a text without control characters";
+  value = text;
+  return {};
+}
+
+std::string_view Take(StoredDate& value, std::string_view text) {
+  const StoredDate date = ParseStoredDate(text);
+  if (!date && !text.empty()) return "a day as yyyyMMdd, or nothing";
+  value = date;
+  return {};
+}
+
+}  // namespace
+
+StoredDate ParseStoredDate(std::string_view text) {
+  if (text.size() != 8 || text.find_first_not_of("0123456789") != std::string_view::npos) return std::nullopt;
+  const auto number = static_cast<unsigned>(*WholeNumber(text));
+  const std::chrono::year_month_day day{std::chrono::year(static_cast<int>(number / 10000)),
+                                        std::chrono::month(number / 100 % 100),
+                                        std::chrono::day(number % 100)};
+  if (!day.ok() || number < 10000) return std::nullopt;
+  return day;
+}
+
+std::string StoredDateText(StoredDate date) {
+  if (!date) return {};
+  return fmt::format("{:04}{:02}{:02}", static_cast<int>(date->year()), static_cast<unsigned>(date->month()),
+                     static_cast<unsigned>(date->day()));
+}
+
+std::chrono::year_month_day LocalDay(std::chrono::system_clock::time_point moment) {
+  const std::time_t seconds = std::chrono::system_clock::to_time_t(moment);
+  std::tm local{};
+  ::localtime_r(&seconds, &local);
+  return {std::chrono::year(local.tm_year + 1900),
+          std::chrono::month(static_cast<unsigned>(local.tm_mon + 1)),
+          std::chrono::day(static_cast<unsigned>(local.tm_mday))};
+}
+
+std::span<const SettingRow> SettingTable() {
+  return kTable;
+}
+
+const SettingRow* FindSetting(std::string_view key) {
+  const auto* row = std::find_if(std::begin(kTable), std::end(kTable),
+                                 [key](const SettingRow& candidate) { return candidate.key == key; });
+  return row == std::end(kTable) ? nullptr : row;
+}
+
+Settings DefaultSettings(std::chrono::system_clock::time_point now) {
+  Settings settings;
+  const StoredDate yesterday = LocalDay(now - std::chrono::seconds(86'400));
+  settings.OneAppBackup_Last = yesterday;
+  settings.OneAppUpdate_Last = yesterday;
+  settings.CheckedUpdateVersion_Last = kVersion;
+  return settings;
+}
+
+std::string SettingText(const Settings& settings, const SettingRow& row) {
+  return std::visit([&](auto field) { return TextOf(settings.*field); }, row.field);
+}
+
+Status<> SetSettingText(Settings& settings, const SettingRow& row, std::string_view text) {
+  if (row.accepts != nullptr && !row.accepts(text)) return Failure{fmt::format("expected {}", row.expected)};
+  const std::string_view expected =
+      std::visit([&](auto field) { return Take(settings.*field, text); }, row.field);
+  if (!expected.empty()) return Failure{fmt::format("expected {}", expected)};
+  return Done();
+}
+
+}  // namespace quill::shell

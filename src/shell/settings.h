@@ -1,0 +1,96 @@
+#pragma once
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "base/result.h"
+
+namespace quill::shell {
+
+/// A calendar day as the settings file keeps it ("yyyyMMdd"); nothing when the stored text is no such day.
+using StoredDate = std::optional<std::chrono::year_month_day>;
+
+/// The day in a stored text: eight ASCII digits that name a day of the Gregorian calendar, nothing else.
+StoredDate ParseStoredDate(std::string_view text);
+
+/// The stored text of a day; "" for no date.
+std::string StoredDateText(StoredDate date);
+
+/// The calendar day of a moment in the local time zone.
+std::chrono::year_month_day LocalDay(std::chrono::system_clock::time_point moment);
+
+/// All user settings, loaded once at start and owned by the command thread. Defaults are what a first
+/// start without a settings file sees; the two dates default to yesterday and the version to this
+/// build's (`DefaultSettings`).
+struct Settings {
+  bool CalendarStartWithMonday = false;
+  std::string DateFormat = "yyyy-MM-dd";
+  std::string TimeFormat = "HH:mm:ss";
+  std::string JournalDayFormat = "[dd]";
+  std::string Syntax_Lang = "Object C";
+  std::string Syntax_Theme = "XCode";
+  std::string Syntax_Font = "Courier New";
+  std::string Syntax_FontSize = "11";
+  bool Syntax_LineNumbers = false;
+  bool Syntax_FrameUp = true;
+  std::string Syntax_Shaping = "#FFFFFF";
+  bool Syntax_Bold = false;
+  std::int64_t TableStyle_SelectIndex = 1;
+  std::string Phonetics_Language = "English";
+  std::string OnlineOneNoteAccessToken;
+  std::string OnlineOneNoteRefreshToken;
+  std::string ClientUrlAccountId;
+  std::string OnlineOneNoteUserId;
+  std::string OnlineOneNoteUserPrincipalName;
+  bool MonitorPageTotal = true;
+  std::int64_t AlertOnDelPageNum = 5;
+  bool OneAppBackup_Enable = true;
+  std::int64_t Perform_Timeout = 500000;        ///< microseconds
+  std::string TargetWindowPattern = "OneNote";  ///< X11: found in the title or class of the target window
+  StoredDate OneAppBackup_Last;
+  StoredDate OneAppUpdate_Last;
+  std::string CheckedUpdateVersion_Last;
+};
+
+/// Who writes a setting to the file.
+enum class SettingWriter {
+  SaveSettings,  ///< every `SaveSettings`
+  Owner,         ///< only the part that owns it
+};
+
+using SettingField =
+    std::variant<bool Settings::*, std::int64_t Settings::*, std::string Settings::*, StoredDate Settings::*>;
+
+/// One row of the settings table.
+struct SettingRow {
+  std::string_view key;
+  SettingField field;
+  SettingWriter writer;
+  bool secret;               ///< tokens: never printed, logged or listed
+  std::string_view meaning;  ///< one line for `quill settings list` and the reference
+  /// Which texts of the type are sensible, from the user and in the file; null when all are.
+  bool (*accepts)(std::string_view text) = nullptr;
+  std::string_view expected = {};  ///< what `accepts` takes, in words
+};
+
+/// The one list of settings, in the order in which the file is written.
+std::span<const SettingRow> SettingTable();
+
+/// The row of a key, or null.
+const SettingRow* FindSetting(std::string_view key);
+
+/// A first start's settings: yesterday's date by the given moment (local time zone), this build's version.
+Settings DefaultSettings(std::chrono::system_clock::time_point now);
+
+/// A setting as text: true/false, digits, the string, or yyyyMMdd ("" for no date).
+std::string SettingText(const Settings& settings, const SettingRow& row);
+
+/// Sets a setting from typed text: true/false, yes/no or 1/0, whole digits, yyyyMMdd or nothing. The
+/// failure says what was expected, not for which setting; the setting is then as it was.
+Status<> SetSettingText(Settings& settings, const SettingRow& row, std::string_view text);
+
+}  // namespace quill::shell

@@ -1,0 +1,64 @@
+#include "shell/transform_table.h"
+
+#include "shell/exports.h"
+#include "tools/letter_case.h"
+
+namespace quill::shell {
+namespace {
+
+std::int64_t ChangeCaseOfSelection(TransformContext& context) {
+  return tools::ChangeCase(context.document->tree(), static_cast<tools::CaseType>(context.command));
+}
+
+void SayNotBuiltYet(TransformContext& context) {
+  TransformNotBuiltYet(context);
+}
+
+using enum TransformInput;
+using enum PasteBack;
+
+constexpr TransformRow kTransforms[] = {
+    {1, "SaveDiagnostics", Fragment, Never, SaveDiagnostics},
+    {2, "ChangeCase", Document, WhenPositive, ChangeCaseOfSelection},
+    {3, "ChangeCase", Document, WhenPositive, ChangeCaseOfSelection},
+    {4, "ChangeCase", Document, WhenPositive, ChangeCaseOfSelection},
+    {5, "ChangeCase", Document, WhenPositive, ChangeCaseOfSelection},
+    {6, "SaveAsHtml", Document, WhenPositive, SaveAsHtml},
+    {7, "SaveAsWordDocument", Document, WhenPositive, SaveAsWordDocument},
+    {8, "SaveAsTemplate", Document, WhenPositive, TransformNotBuiltYet},
+    {9, "ConvertToPPT", Document, Never, TransformNotBuiltYet},
+    {10, "WordCount", Document, Never, TransformNotBuiltYet},
+    {11, "OpenLocalLink", Fragment, Never, TransformNotBuiltYet},
+    {12, "OpenCloudFileAttachmentLink", Fragment, Never, TransformNotBuiltYet},
+    {13, "ImageCrop", Document, Never, TransformNotBuiltYet, SayNotBuiltYet},
+    {14, "OpenPicture", Document, Never, TransformNotBuiltYet, SayNotBuiltYet},
+    {15, "ChangeTableStyle", Document, WhenPositive, TransformNotBuiltYet},
+    {16, "WordCount", Document, Never, TransformNotBuiltYet},
+    {17, "Table2Text", Document, WhenPositive, TransformNotBuiltYet},
+    {18, "Text2Table", Document, WhenPositive, TransformNotBuiltYet},
+    {19, "SaveTableAsCSV", Document, WhenPositive, TransformNotBuiltYet},
+    {10001, "ExportLog", Whole, WhenPositive, ExportLog},
+    {10002, "InsertPhonetics", Fragment, WhenPositive, TransformNotBuiltYet},
+    // The link's text and target are in the selection itself, not in the head around it.
+    {10003, "VarLink", Fragment, Never, TransformNotBuiltYet, SayNotBuiltYet},
+};
+
+}  // namespace
+
+std::span<const TransformRow> TransformTable() {
+  return kTransforms;
+}
+
+const TransformRow* FindTransform(std::int64_t number) {
+  for (const TransformRow& row : kTransforms) {
+    if (row.number == number) return &row;
+  }
+  return nullptr;
+}
+
+std::int64_t TransformNotBuiltYet(TransformContext& context) {
+  context.bridge.ShowMessage(context.services.strings.Text("msgNotBuiltYet"));
+  return 0;
+}
+
+}  // namespace quill::shell

@@ -1,0 +1,76 @@
+#include "ui/backends.h"
+
+#include "platform/native_backend.h"
+#include "platform/practice/practice_desktop.h"
+#include "ui/practice_host.h"
+
+namespace quill::ui {
+namespace {
+
+using platform::NativeBackend;
+
+/// Passes the idle time on from a desktop that is opened when it is first asked for.
+class IdleSource final : public platform::Desktop {
+ public:
+  explicit IdleSource(std::function<platform::Desktop*()> find) : m_find(std::move(find)) {}
+
+  platform::ScriptResult RunScript(std::string_view) override {
+    return {platform::ScriptProblem::Unsupported, {}};
+  }
+  bool ApplicationInstalled(std::string_view) override { return false; }
+  bool OneNoteRunning() override {
+    platform::Desktop* desktop = m_find();
+    return desktop != nullptr && desktop->OneNoteRunning();
+  }
+  std::int64_t IdleSeconds() override {
+    platform::Desktop* desktop = m_find();
+    return desktop != nullptr ? desktop->IdleSeconds() : -1;
+  }
+
+ private:
+  std::function<platform::Desktop*()> m_find;
+};
+
+}  // namespace
+
+struct Backends::State {
+  PracticeHost& practice;
+  std::function<std::string()> targetPattern;
+  std::unique_ptr<NativeBackend> native = nullptr;
+  platform::NoDesktop none{platform::ScriptProblem::Unsupported};
+  IdleSource idleSource{[this]() -> platform::Desktop* {
+    NativeBackend* opened = Native();
+    return opened != nullptr ? &opened->desktop() : nullptr;
+  }};
+  platform::practice::PracticeDesktop practiceDesktop{practice, [this] { return idleSource.IdleSeconds(); }};
+
+  /// The native backend, or null where there is none; tried again at each call, for a display may come back.
+  NativeBackend* Native() {
+    if (native == nullptr) {
+      auto opened = platform::OpenNativeBackend(targetPattern);
+      if (opened.ok()) native = std::move(*opened);
+    }
+    return native.get();
+  }
+};
+
+Backends::Backends(PracticeHost& practice, std::function<std::string()> targetPattern)
+    : m_state(new State{practice, std::move(targetPattern)}) {}
+
+Backends::~Backends() = default;
+
+platform::Backend Backends::Choose() {
+  NativeBackend* native = m_state->Native();
+  const bool practiceOpen = m_state->practice.IsOpen();
+  if (native != nullptr && (!practiceOpen || native->TargetIsActive())) {
+    return {native->name(), &native->desktop(), &native->pasteboard()};
+  }
+  if (practiceOpen) return {"practice", &m_state->practiceDesktop, &m_state->practice.pasteboard()};
+  return m_state->none.backend();
+}
+
+platform::Desktop& Backends::idleSource() {
+  return m_state->idleSource;
+}
+
+}  // namespace quill::ui

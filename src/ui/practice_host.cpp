@@ -1,0 +1,55 @@
+#include "ui/practice_host.h"
+
+#include <QCoreApplication>
+
+#include "platform/qt/qt_pasteboard.h"
+#include "ui/web_plugin.h"
+
+namespace quill::ui {
+
+using platform::ScriptProblem;
+
+PracticeHost::PracticeHost(std::filesystem::path folder, const shell::StringTable& strings)
+    : m_folder(std::move(folder)), m_strings(strings) {}
+
+PracticeHost::~PracticeHost() = default;
+
+void PracticeHost::PrepareProcess() {
+  QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+}
+
+Status<> PracticeHost::Open() {
+  if (m_notebook == nullptr) {
+    const Result<WebViews*> views = LoadWebViews();
+    if (!views.ok()) return Failure{views.error()};
+    auto notebook = (*views)->CreatePracticeNotebook({m_folder, m_strings});
+    if (!notebook.ok()) return Failure{notebook.error()};
+    m_pasteboard = std::make_unique<platform::qt::QtPasteboard>();
+    m_notebook = std::move(*notebook);
+    m_target = &m_notebook->Target();
+  }
+  m_notebook->Open();
+  return Done();
+}
+
+bool PracticeHost::IsOpen() {
+  platform::practice::PracticeTarget* target = m_target;
+  return target != nullptr && target->IsOpen();
+}
+
+ScriptProblem PracticeHost::Show() {
+  platform::practice::PracticeTarget* target = m_target;
+  return target != nullptr ? target->Show() : ScriptProblem::TargetMissing;
+}
+
+ScriptProblem PracticeHost::Press(const platform::practice::Keys& keys) {
+  platform::practice::PracticeTarget* target = m_target;
+  return target != nullptr ? target->Press(keys) : ScriptProblem::TargetMissing;
+}
+
+ScriptProblem PracticeHost::OpenLink(std::string_view link) {
+  platform::practice::PracticeTarget* target = m_target;
+  return target != nullptr ? target->OpenLink(link) : ScriptProblem::TargetMissing;
+}
+
+}  // namespace quill::ui

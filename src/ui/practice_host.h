@@ -1,0 +1,49 @@
+#pragma once
+#include <atomic>
+#include <filesystem>
+#include <memory>
+
+#include "base/result.h"
+#include "platform/pasteboard.h"
+#include "platform/practice/practice_target.h"
+#include "shell/string_table.h"
+
+namespace quill::ui {
+
+class PracticeNotebook;
+
+/// The practice notebook's place in the program: loads the web views' plug-in when the notebook is first
+/// opened, and stands for the notebook on the command thread from the start. Made and destroyed on the GUI
+/// thread; the `PracticeTarget` methods are the command thread's.
+class PracticeHost final : public platform::practice::PracticeTarget {
+ public:
+  /// `folder` is where the pages are kept.
+  PracticeHost(std::filesystem::path folder, const shell::StringTable& strings);
+  ~PracticeHost() override;
+
+  /// What the process needs before its QApplication is made, so that a web view can be loaded later.
+  static void PrepareProcess();
+
+  /// Opens the notebook's window, or brings it to the front. Fails when the plug-in cannot be loaded.
+  Status<> Open();
+
+  /// The open notebook; null before the first `Open`. GUI thread.
+  PracticeNotebook* notebook() { return m_notebook.get(); }
+
+  /// The clipboard as the notebook uses it; only after `Open`.
+  platform::Pasteboard& pasteboard() { return *m_pasteboard; }
+
+  bool IsOpen() override;
+  platform::ScriptProblem Show() override;
+  platform::ScriptProblem Press(const platform::practice::Keys& keys) override;
+  platform::ScriptProblem OpenLink(std::string_view link) override;
+
+ private:
+  std::filesystem::path m_folder;
+  const shell::StringTable& m_strings;
+  std::unique_ptr<platform::Pasteboard> m_pasteboard;
+  std::unique_ptr<PracticeNotebook> m_notebook;
+  std::atomic<platform::practice::PracticeTarget*> m_target = nullptr;
+};
+
+}  // namespace quill::ui
