@@ -96,9 +96,10 @@ class Race {
   platform::SystemClock m_clock;
   shell::StringTable m_strings;
   shell::Explain m_explain;
+  shell::Log m_log;
   shell::Globals m_globals;
   shell::Services m_services{
-      m_backend->desktop(), m_backend->pasteboard(), m_screen, m_clock, m_strings, m_explain};
+      m_backend->desktop(), m_backend->pasteboard(), m_screen, m_clock, m_strings, m_explain, m_log};
   std::vector<double> m_ours;
   std::vector<double> m_peer;
   std::vector<double> m_ratios;

@@ -13,7 +13,7 @@ find_program(QUILL_CCACHE ccache)
 if(QUILL_CCACHE)
   # Precompiled headers hide their own text from the cache unless it is told to look at them loosely.
   set(CMAKE_CXX_COMPILER_LAUNCHER
-      ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${QUILL_CCACHE})
+      ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${QUILL_CCACHE})
 endif()
 
 add_library(quill_warnings INTERFACE)

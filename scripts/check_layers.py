@@ -9,7 +9,7 @@ import sys
 MAY_INCLUDE = {
     "base": set(),
     "content": {"base"},
-    "platform": {"base"},
+    "platform": {"base", "content"},
     "tools": {"base", "content"},
     "online": {"base", "content", "platform"},
     "files": {"base", "content", "platform"},

@@ -27,8 +27,8 @@ def commands(path):
 
 
 def fingerprint(entry):
-    text = subprocess.run(entry["command"].replace(" -c ", " -E -P ") + " -o -", shell=True, cwd=entry["directory"],
-                          capture_output=True).stdout
+    command = re.sub(r" -o \S+ -c ", " -E -P ", entry["command"])
+    text = subprocess.run(command, shell=True, cwd=entry["directory"], capture_output=True, check=True).stdout
     return hashlib.sha256(text + pathlib.Path(".clang-tidy").read_bytes()).hexdigest()
 
 

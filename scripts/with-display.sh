@@ -10,7 +10,7 @@ scratch=$(mktemp -d)
 server= manager= tray=
 finish() {
   [ -z "$tray" ] || kill "$tray" 2>/dev/null
-  [ -z "$manager" ] || kill "$manager" 2>/dev/null
+  [ -z "$manager" ] || { kill "$manager" 2>/dev/null; wait "$manager" 2>/dev/null; }
   [ -z "$server" ] || { kill "$server" 2>/dev/null; wait "$server" 2>/dev/null; }
   rm -rf "$scratch"
 }

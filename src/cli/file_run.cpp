@@ -32,7 +32,8 @@ FileOutcome RunOnFile(const Call& call, std::int64_t number, std::int64_t int1, 
   if (input.title) desktop.SetPageTitle(*input.title);
   if (input.file) desktop.AnswerSavePanel(*input.file);
   shell::Explain explain = MakeExplain(call);
-  shell::Services services{desktop, desktop, desktop, clock, call.strings, explain};
+  shell::Log log;
+  shell::Services services{desktop, desktop, desktop, clock, call.strings, explain, log};
   FileOutcome outcome;
   {
     shell::NSOneNoteMain bridge(services, globals);

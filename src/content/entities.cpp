@@ -1,5 +1,7 @@
 #include "content/entities.h"
 
+#include <cstring>
+
 #include "content/find_text.h"
 #include "content/latin1_names.h"
 #include "content/numeric_references.h"
@@ -8,22 +10,25 @@
 namespace quill::content {
 namespace {
 
-/// All names at once: what they stand for is never a part of another name.
-std::string DecodeLatin1Names(std::string_view text) {
-  std::string out;
-  out.reserve(text.size());
-  std::size_t copied = 0;
-  for (std::size_t at = 0; (at = text.find('&', at)) != std::string_view::npos;) {
-    const Latin1Match match = MatchLatin1Name(text.substr(at + 1));
+/// All names at once, within the text: what they stand for is shorter and never a part of another name.
+void DecodeLatin1Names(std::string& text) {
+  std::size_t read = 0;
+  std::size_t written = 0;
+  for (std::size_t at = 0; (at = text.find('&', at)) != std::string::npos;) {
+    const Latin1Match match = MatchLatin1Name(std::string_view(text).substr(at + 1));
     if (match.length == 0) {
       ++at;
       continue;
     }
-    out.append(text.substr(copied, at - copied));
-    AppendUtf8(out, match.code);
-    copied = at += 1 + match.length;
+    std::string character;
+    AppendUtf8(character, match.code);
+    std::memmove(text.data() + written, text.data() + read, at - read);
+    written += at - read;
+    std::memcpy(text.data() + written, character.data(), character.size());
+    written += character.size();
+    read = at += 1 + match.length;
   }
-  return out.append(text.substr(copied));
+  text.erase(written, read - written);
 }
 
 struct Replacement {
@@ -32,20 +37,21 @@ struct Replacement {
 };
 
 template <std::size_t kCount>
-std::string ReplaceInOrder(std::string text, const Replacement (&replacements)[kCount]) {
-  for (const auto& [from, to] : replacements) {
-    if (FindText(text, from) != std::string::npos) text = ReplaceAll(text, from, to);
-  }
-  return text;
+void ReplaceInOrder(std::string& text, const Replacement (&replacements)[kCount]) {
+  for (const auto& [from, to] : replacements) ReplaceAllWithin(text, from, to);
 }
 
 }  // namespace
 
 std::string DecodeHtmlEntities(std::string_view text) {
-  if (text.find('&') == std::string_view::npos) return std::string(text);
+  std::string decoded(text);
+  if (text.find('&') == std::string_view::npos) return decoded;
   constexpr Replacement kPredefined[] = {
       {"&amp;", "&"}, {"&lt;", "<"}, {"&gt;", ">"}, {"&apos;", "'"}, {"&quot;", "\""}};
-  return DecodeNumericReferences(ReplaceInOrder(DecodeLatin1Names(text), kPredefined));
+  DecodeLatin1Names(decoded);
+  ReplaceInOrder(decoded, kPredefined);
+  DecodeNumericReferences(decoded);
+  return decoded;
 }
 
 std::string EscapeXmlText(std::string_view text) {
@@ -72,7 +78,9 @@ std::string EscapeXmlText(std::string_view text) {
 std::string DecodeBasicEntities(std::string_view text) {
   constexpr Replacement kCommon[] = {{"&nbsp;", " "}, {"&lt;", "<"},    {"&gt;", ">"},
                                      {"&apos;", "'"}, {"&quot;", "\""}, {"&amp;", "&"}};
-  return ReplaceInOrder(std::string(text), kCommon);
+  std::string decoded(text);
+  ReplaceInOrder(decoded, kCommon);
+  return decoded;
 }
 
 }  // namespace quill::content

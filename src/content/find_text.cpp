@@ -94,4 +94,17 @@ std::string ReplaceAll(std::string_view text, std::string_view needle, std::stri
   return result;
 }
 
+void ReplaceAllWithin(std::string& text, std::string_view needle, std::string_view replacement) {
+  std::size_t read = 0;
+  std::size_t written = 0;
+  for (std::size_t at; (at = FindText(text, needle, read)) != std::string_view::npos;) {
+    std::memmove(text.data() + written, text.data() + read, at - read);
+    written += at - read;
+    std::memcpy(text.data() + written, replacement.data(), replacement.size());
+    written += replacement.size();
+    read = at + needle.size();
+  }
+  text.erase(written, read - written);
+}
+
 }  // namespace quill::content

@@ -17,4 +17,7 @@ std::size_t FindIgnoringAsciiCase(std::string_view text, std::string_view needle
 /// `text` with every `needle`, left to right, replaced; an empty needle replaces nothing. O(text + result).
 std::string ReplaceAll(std::string_view text, std::string_view needle, std::string_view replacement);
 
+/// The same within `text`, for a replacement that is not longer than `needle`: no second buffer. O(text).
+void ReplaceAllWithin(std::string& text, std::string_view needle, std::string_view replacement);
+
 }  // namespace quill::content

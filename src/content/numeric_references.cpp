@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
+#include <string_view>
 
 #include "content/unicode_text.h"
 
@@ -29,19 +31,22 @@ std::uint32_t CodeOf(std::string_view number) {
   return code;
 }
 
-/// Writes characters; holds a high surrogate back until it is known whether its other half follows.
+/// Writes over the text behind the place that is being read: no reference is shorter than what it stands
+/// for. Holds a high surrogate back until it is known whether its other half follows.
 class Output {
  public:
-  explicit Output(std::size_t expected) { m_text.reserve(expected); }
+  explicit Output(std::string& text) : m_text(text) {}
 
-  void Append(std::string_view text) {
-    if (text.empty()) return;
+  /// Keeps `count` bytes of the text from `from` on.
+  void Keep(std::size_t from, std::size_t count) {
+    if (count == 0) return;
     Flush();
-    m_text.append(text);
+    std::memmove(m_text.data() + m_size, m_text.data() + from, count);
+    m_size += count;
   }
   void Append(std::uint32_t code) {
     if (m_high != 0 && code >= 0xDC00 && code <= 0xDFFF) {
-      AppendUtf8(m_text, 0x10000 + ((m_high - 0xD800) << 10) + (code - 0xDC00));
+      Write(0x10000 + ((m_high - 0xD800) << 10) + (code - 0xDC00));
       m_high = 0;
       return;
     }
@@ -49,47 +54,55 @@ class Output {
     if (code >= 0xD800 && code <= 0xDBFF) {
       m_high = code;
     } else {
-      AppendUtf8(m_text, code);
+      Write(code);
     }
   }
-  std::string Finish() {
+  void Finish() {
     Flush();
-    return std::move(m_text);
+    m_text.resize(m_size);
   }
 
  private:
   void Flush() {
-    if (m_high != 0) AppendUtf8(m_text, m_high);
+    if (m_high != 0) Write(m_high);
     m_high = 0;
   }
+  void Write(std::uint32_t code) {
+    std::string character;
+    AppendUtf8(character, code);
+    std::memcpy(m_text.data() + m_size, character.data(), character.size());
+    m_size += character.size();
+  }
 
-  std::string m_text;
+  std::string& m_text;
+  std::size_t m_size = 0;
   std::uint32_t m_high = 0;
 };
 
 }  // namespace
 
-std::string DecodeNumericReferences(std::string_view text) {
+void DecodeNumericReferences(std::string& text) {
   constexpr std::size_t kNone = std::string_view::npos;
-  Output out(text.size());
-  std::size_t copied = 0;
-  for (std::size_t open; (open = text.find("&#", copied)) != kNone;) {
-    std::size_t end = text.find(';', open + 2);
+  const std::string_view all = text;
+  Output out(text);
+  std::size_t read = 0;
+  for (std::size_t open; (open = all.find("&#", read)) != kNone;) {
+    std::size_t end = all.find(';', open + 2);
     if (end == kNone) break;
-    out.Append(text.substr(copied, open - copied));
-    std::uint32_t code = CodeOf(text.substr(open + 2, end - open - 2));
+    std::uint32_t code = CodeOf(all.substr(open + 2, end - open - 2));
+    out.Keep(read, open - read);
     // A decoded "&" opens a new reference when "#…;" follows.
-    while (code == '&' && text.substr(end + 1, 1) == "#") {
-      const std::size_t next = text.find(';', end + 2);
+    while (code == '&' && all.substr(end + 1, 1) == "#") {
+      const std::size_t next = all.find(';', end + 2);
       if (next == kNone) break;
-      code = CodeOf(text.substr(end + 2, next - end - 2));
+      code = CodeOf(all.substr(end + 2, next - end - 2));
       end = next;
     }
     out.Append(code);
-    copied = end + 1;
+    read = end + 1;
   }
-  out.Append(text.substr(copied));
-  return out.Finish();
+  out.Keep(read, all.size() - read);
+  out.Finish();
 }
 
 }  // namespace quill::content

@@ -1,10 +1,9 @@
 #pragma once
 #include <string>
-#include <string_view>
 
 namespace quill::content {
 
-/// Replaces each "&#…;" as `DecodeHtmlEntities` describes. O(text).
-std::string DecodeNumericReferences(std::string_view text);
+/// Replaces each "&#…;" within the text as `DecodeHtmlEntities` describes. O(text).
+void DecodeNumericReferences(std::string& text);
 
 }  // namespace quill::content

@@ -12,7 +12,9 @@ namespace quill::content {
 class TextSink {
  public:
   /// `expected` is how much will be appended, roughly.
-  TextSink(std::string& out, std::size_t expected) : m_out(out), m_size(out.size()) { Grow(expected); }
+  TextSink(std::string& out, std::size_t expected) : m_out(out), m_size(out.size()) {
+    m_out.resize(m_size + expected);
+  }
   ~TextSink() { m_out.resize(m_size); }
   TextSink(const TextSink&) = delete;
   TextSink& operator=(const TextSink&) = delete;

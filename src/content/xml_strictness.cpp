@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "content/byte_scan.h"
+#include "content/duplicate_names.h"
 #include "content/find_text.h"
 #include "content/xml_chars.h"
 #include "content/xml_declaration.h"
@@ -188,19 +189,8 @@ bool XmlChecker::AttributeValue() {
   }
 }
 
-/// Pairwise for the usual few; sorted, so that very many cannot take quadratic time.
 bool XmlChecker::NoDuplicates() {
-  constexpr std::size_t kFew = 8;
-  const auto begin = m_attributes.begin();
-  const auto end = m_attributes.end();
-  if (m_attributes.size() <= kFew) {
-    for (auto i = begin; i != end; ++i) {
-      if (std::find(begin, i, *i) != i) return Fault("an attribute given twice", m_at);
-    }
-    return true;
-  }
-  std::sort(begin, end);
-  return std::adjacent_find(begin, end) == end || Fault("an attribute given twice", m_at);
+  return !HasDuplicates(m_attributes) || Fault("an attribute given twice", m_at);
 }
 
 bool XmlChecker::EndTag() {

@@ -12,6 +12,8 @@ struct Backend {
   std::string_view name;  ///< "x11", "practice", "mac", "none"
   Desktop* desktop;
   Pasteboard* pasteboard;
+  /// Sets who gets the backend's own notes for `--explain`, or nobody; null when it takes none.
+  std::function<void(std::function<void(std::string_view)>)> sendNotesTo = nullptr;
 };
 
 /// Picks the backend for the next command: what the user was working in. Called on the command thread.
@@ -36,7 +38,7 @@ class NoDesktop final : public Desktop, public Pasteboard {
   void Restore(const PasteboardSnapshot&) override {}
   std::vector<std::string> FlavourNames() override { return {}; }
 
-  Backend backend() { return {"none", this, this}; }
+  Backend backend() { return {"none", this, this, nullptr}; }
 
  private:
   ScriptProblem m_problem;

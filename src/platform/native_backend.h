@@ -24,6 +24,9 @@ class NativeBackend {
 
   /// Sets who gets the lines for `--explain`; an empty sink turns them off.
   virtual void OnNote(std::function<void(std::string_view)> sink) = 0;
+
+  /// Ends what the command thread waits for, for good: the program quits. Any thread.
+  virtual void Stop() {}
 };
 
 /// Opens this platform's backend; each platform library defines it. `targetPattern` is asked before each

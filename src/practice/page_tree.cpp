@@ -1,13 +1,22 @@
 #include "practice/page_tree.h"
 
-#include <QHeaderView>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 
 namespace quill::practice {
 namespace {
 
 constexpr int kSection = Qt::UserRole;
 constexpr int kName = Qt::UserRole + 1;
+
+/// Rows with some air, in the platform's own style (a style sheet would lose its dark colours).
+class RoomyRows final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 10);
+  }
+};
 
 QString ToQt(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -22,7 +31,7 @@ PageTree::PageTree(const shell::StringTable& strings, QWidget* parent)
   setIndentation(14);
   setUniformRowHeights(true);
   setFrameShape(QFrame::NoFrame);
-  setStyleSheet("QTreeView { padding: 8px 4px; } QTreeView::item { padding: 4px 6px; }");
+  setItemDelegate(new RoomyRows(this));
   setAccessibleName(ToQt(strings.Text("strPracticePages")));
   connect(this, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
     if (!item || item->data(0, kName).isNull()) return;

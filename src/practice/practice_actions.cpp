@@ -183,8 +183,7 @@ void PracticeWindow::DeletePage() {
     if (const Status<> deleted = m_store.Delete(m_open->address); !deleted.ok()) {
       return Say("errPracticeSave", {deleted.error()});
     }
-    m_open.reset();
-    m_unsaved.reset();
+    Forget();
     Say("strPracticeDeleted");
     OpenFirstPage();
   });
@@ -194,8 +193,7 @@ void PracticeWindow::ResetPages() {
   Ask("askPracticeReset", {}, [this] {
     if (const Status<> reset = m_store.Reset(); !reset.ok()) return Say("errPracticeSave", {reset.error()});
     const std::string id = m_open ? m_open->page.id : std::string();
-    m_open.reset();
-    m_unsaved.reset();
+    Forget();
     OpenPage([&](const PageEntry& entry) { return id.empty() || entry.id == id; }, Quietly());
     Say("strPracticeResetDone");
   });

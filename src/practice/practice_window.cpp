@@ -96,11 +96,8 @@ void PracticeWindow::CallPage(const char* function, const QVariantList& argument
 
 void PracticeWindow::OpenFirstPage() {
   const std::vector<PageEntry> pages = m_store.Pages();
-  if (pages.empty()) {
-    Refresh();
-  } else {
-    Load(pages.front().address, Quietly());
-  }
+  if (pages.empty()) return NewPage(Quietly());
+  Load(pages.front().address, Quietly());
 }
 
 void PracticeWindow::OpenPage(const std::function<bool(const PageEntry&)>& wanted, Outcome done) {
@@ -147,7 +144,7 @@ void PracticeWindow::TakeChanges() {
 
 /// Keeps changes until they are saved, after a short pause; those of another page are saved first.
 void PracticeWindow::Note(const OpenedPage& opened, const QVariantMap& changes) {
-  if (changes["key"].toInt() != opened.key) return;
+  if (changes["key"].toInt() != opened.key || opened.key <= m_forgottenKey) return;
   if (m_unsaved && m_unsaved->key != opened.key) SaveNow();
   m_unsaved = opened;
   m_unsaved->page.title = changes["title"].toString().toStdString();
@@ -157,6 +154,13 @@ void PracticeWindow::Note(const OpenedPage& opened, const QVariantMap& changes) 
   } else {
     SaveNow();
   }
+}
+
+/// The open page has been deleted or replaced on disk: what it still has to tell must not bring it back.
+void PracticeWindow::Forget() {
+  m_forgottenKey = m_lastKey;
+  m_open.reset();
+  m_unsaved.reset();
 }
 
 void PracticeWindow::SaveNow() {

@@ -67,6 +67,7 @@ class PracticeWindow final : public QMainWindow {
   void TakeChanges();
   void Note(const OpenedPage& opened, const QVariantMap& changes);
   void SaveNow();
+  void Forget();
 
   void Copy(Outcome done);
   void Cut(Outcome done);
@@ -87,6 +88,7 @@ class PracticeWindow final : public QMainWindow {
   int m_lastKey = 0;
   std::optional<OpenedPage> m_open;
   std::optional<OpenedPage> m_unsaved;
+  int m_forgottenKey = 0;  ///< late changes told under keys up to this one are of no interest
   QTimer m_saveTimer;
 };
 

@@ -1,15 +1,37 @@
 #include "practice/web_views_plugin.h"
 
+#include <QCoreApplication>
+#include <QOpenGLContext>
 #include <QQuickWindow>
 #include <utility>
 
 #include "practice/built_in_pages.h"
 #include "practice/practice_notebook.h"
 
+QT_BEGIN_NAMESPACE
+Q_GUI_EXPORT void qt_gl_set_global_share_context(QOpenGLContext* context);
+QT_END_NAMESPACE
+
 namespace quill::practice {
+namespace {
+
+/// The engine reads the format of the shared context even when it does not use it, and crashes when there is
+/// none. This one is never created on the display, so that no driver is loaded.
+void GiveShareContext() {
+  if (QOpenGLContext::globalShareContext()) return;
+  qt_gl_set_global_share_context(new QOpenGLContext);
+  qAddPostRoutine([] {  // runs after the engine's own, which is added later
+    QOpenGLContext* const ours = QOpenGLContext::globalShareContext();
+    qt_gl_set_global_share_context(nullptr);
+    delete ours;
+  });
+}
+
+}  // namespace
 
 WebViewsPlugin::WebViewsPlugin() {
   QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+  GiveShareContext();
 }
 
 Result<std::unique_ptr<ui::PracticeNotebook>> WebViewsPlugin::CreatePracticeNotebook(

@@ -5,10 +5,10 @@
 
 namespace quill::practice {
 
-/// The plug-in's root object. Web views are painted without OpenGL (the engine's software path): with it, a
-/// context would have to be shared from before the QApplication was made, which costs every start of the
-/// tray program 40 ms and 57 MB (measured with a software GL driver), and a display without GL would end
-/// the process at the first view.
+/// The plug-in's root object. Web views are painted without OpenGL (the engine's software path). With it, a
+/// context would have to be shared from before the QApplication was made (`Qt::AA_ShareOpenGLContexts`),
+/// which costs every start of the tray program 40 ms and 57 MB (measured with a software GL driver), and a
+/// display without GL would end the process at the first view.
 class WebViewsPlugin final : public QObject, public ui::WebViews {
   Q_OBJECT
   Q_PLUGIN_METADATA(IID "quillmenu.WebViews/1")

@@ -25,6 +25,24 @@ class CollectingInterface final : public platform::UserInterface {
   std::vector<std::string>& m_messages;
 };
 
+/// Has a backend's notes taken down for as long as it lives.
+class NotesOf {
+ public:
+  NotesOf(const platform::Backend& backend, Explain& explain) : m_backend(backend) {
+    if (m_backend.sendNotesTo && explain.on()) {
+      m_backend.sendNotesTo([&explain](std::string_view line) { explain.Note(line); });
+    }
+  }
+  ~NotesOf() {
+    if (m_backend.sendNotesTo) m_backend.sendNotesTo(nullptr);
+  }
+  NotesOf(const NotesOf&) = delete;
+  NotesOf& operator=(const NotesOf&) = delete;
+
+ private:
+  const platform::Backend& m_backend;
+};
+
 const CommandRow* RequestedRow(const nlohmann::json& action) {
   if (action.is_number_integer()) return FindCommandByNumber(action.get<std::int64_t>());
   if (action.is_string()) return FindCommand(action.get_ref<const std::string&>());
@@ -61,7 +79,9 @@ Outcome Application::Execute(const RunRequest& request) {
   if (m_settingsWatch.Changed()) LoadSettings(m_parts.globals);
   const platform::Backend backend = m_parts.chooseBackend();
   explain.Note(std::string("target: ").append(backend.name));
-  Services services{*backend.desktop, *backend.pasteboard, ui, m_parts.clock, m_parts.strings, explain};
+  Services services{*backend.desktop, *backend.pasteboard, ui, m_parts.clock, m_parts.strings,
+                    explain,          m_parts.log};
+  const NotesOf notes(backend, explain);
   CommandContext context{services, m_parts.globals, request.argument.value_or(request.row->argument)};
   request.row->handler(context, *request.row);
   return outcome;

@@ -46,6 +46,7 @@ class Application {
     platform::UserInterface& ui;
     platform::ChooseBackend chooseBackend;
     platform::Desktop& idleSource;  ///< tells the idle time to the housekeeping
+    Log& log;
   };
 
   explicit Application(Parts parts);

@@ -47,7 +47,7 @@ std::int64_t SaveAsHtml(TransformContext& context) {
   const auto file = AskSavePath(context, "titleSaveAsHtmlFile", "", "htm");
   if (!file) return 0;
   SaveImagesBeside(context.document->Root(), *file, [&](std::string_view problem) {
-    context.services.explain.Note(fmt::format("--- error: {}", problem));
+    context.services.log.Write(fmt::format("error: {}", problem));
   });
   const std::string html = content::XmlToHtml(context.document->Xml());
   WriteExport(context, *file,

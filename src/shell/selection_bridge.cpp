@@ -58,8 +58,10 @@ platform::ScriptResult SelectionBridge::RunAppleScript(std::string_view script) 
   m_problem = result.problem;
   m_problemDetail = result.detail;
   if (!result.ok()) {
-    m_services.explain.Note(
-        fmt::format("script: {} {}", platform::ScriptProblemKey(result.problem), result.detail));
+    const std::string words =
+        fmt::format("script: {} {}", platform::ScriptProblemKey(result.problem), result.detail);
+    m_services.explain.Note(words);
+    m_services.log.Write(words);
   }
   return result;
 }

@@ -4,6 +4,7 @@
 #include "platform/pasteboard.h"
 #include "platform/user_interface.h"
 #include "shell/explain.h"
+#include "shell/log.h"
 #include "shell/string_table.h"
 
 namespace quill::shell {
@@ -16,6 +17,7 @@ struct Services {
   const platform::Clock& clock;
   const StringTable& strings;
   Explain& explain;
+  Log& log;
 };
 
 }  // namespace quill::shell

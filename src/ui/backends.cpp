@@ -1,5 +1,7 @@
 #include "ui/backends.h"
 
+#include <mutex>
+
 #include "platform/native_backend.h"
 #include "platform/practice/practice_desktop.h"
 #include "ui/practice_host.h"
@@ -34,9 +36,13 @@ class IdleSource final : public platform::Desktop {
 }  // namespace
 
 struct Backends::State {
+  State(PracticeHost& host, std::function<std::string()> pattern)
+      : practice(host), targetPattern(std::move(pattern)) {}
+
   PracticeHost& practice;
   std::function<std::string()> targetPattern;
-  std::unique_ptr<NativeBackend> native = nullptr;
+  std::mutex mutex;  ///< guards the making of `native`, which the GUI thread looks at when it stops
+  std::unique_ptr<NativeBackend> native;
   platform::NoDesktop none{platform::ScriptProblem::Unsupported};
   IdleSource idleSource{[this]() -> platform::Desktop* {
     NativeBackend* opened = Native();
@@ -46,6 +52,7 @@ struct Backends::State {
 
   /// The native backend, or null where there is none; tried again at each call, for a display may come back.
   NativeBackend* Native() {
+    const std::lock_guard lock(mutex);
     if (native == nullptr) {
       auto opened = platform::OpenNativeBackend(targetPattern);
       if (opened.ok()) native = std::move(*opened);
@@ -55,7 +62,7 @@ struct Backends::State {
 };
 
 Backends::Backends(PracticeHost& practice, std::function<std::string()> targetPattern)
-    : m_state(new State{practice, std::move(targetPattern)}) {}
+    : m_state(std::make_unique<State>(practice, std::move(targetPattern))) {}
 
 Backends::~Backends() = default;
 
@@ -63,10 +70,16 @@ platform::Backend Backends::Choose() {
   NativeBackend* native = m_state->Native();
   const bool practiceOpen = m_state->practice.IsOpen();
   if (native != nullptr && (!practiceOpen || native->TargetIsActive())) {
-    return {native->name(), &native->desktop(), &native->pasteboard()};
+    return {native->name(), &native->desktop(), &native->pasteboard(),
+            [native](std::function<void(std::string_view)> sink) { native->OnNote(std::move(sink)); }};
   }
-  if (practiceOpen) return {"practice", &m_state->practiceDesktop, &m_state->practice.pasteboard()};
+  if (practiceOpen) return {"practice", &m_state->practiceDesktop, &m_state->practice.pasteboard(), nullptr};
   return m_state->none.backend();
+}
+
+void Backends::Stop() {
+  const std::lock_guard lock(m_state->mutex);
+  if (m_state->native != nullptr) m_state->native->Stop();
 }
 
 platform::Desktop& Backends::idleSource() {

@@ -23,6 +23,9 @@ class Backends {
   /// OneNote's window wherever it is. Command thread.
   platform::Backend Choose();
 
+  /// Ends what a command waits for, for good. GUI thread, before the command thread is joined.
+  void Stop();
+
   /// Tells the idle time. Opens the native desktop at the first question, not before. Command thread.
   platform::Desktop& idleSource();
 

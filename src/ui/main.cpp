@@ -65,7 +65,6 @@ int main(int argc, char** argv) {
     std::printf("quillmenu %s\n", quill::kVersion);
     return 0;
   }
-  quill::ui::PracticeHost::PrepareProcess();
   QApplication app(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setApplicationName(QStringLiteral("Quill Menu"));

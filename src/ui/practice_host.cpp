@@ -1,7 +1,5 @@
 #include "ui/practice_host.h"
 
-#include <QCoreApplication>
-
 #include "platform/qt/qt_pasteboard.h"
 #include "ui/web_plugin.h"
 
@@ -13,10 +11,6 @@ PracticeHost::PracticeHost(std::filesystem::path folder, const shell::StringTabl
     : m_folder(std::move(folder)), m_strings(strings) {}
 
 PracticeHost::~PracticeHost() = default;
-
-void PracticeHost::PrepareProcess() {
-  QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
-}
 
 Status<> PracticeHost::Open() {
   if (m_notebook == nullptr) {

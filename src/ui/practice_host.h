@@ -21,9 +21,6 @@ class PracticeHost final : public platform::practice::PracticeTarget {
   PracticeHost(std::filesystem::path folder, const shell::StringTable& strings);
   ~PracticeHost() override;
 
-  /// What the process needs before its QApplication is made, so that a web view can be loaded later.
-  static void PrepareProcess();
-
   /// Opens the notebook's window, or brings it to the front. Fails when the plug-in cannot be loaded.
   Status<> Open();
 

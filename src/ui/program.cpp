@@ -20,13 +20,14 @@ Program::Program(const std::filesystem::path& root)
       m_startGlobals.settingsProblem.empty() ? "" : m_startGlobals.folders.SettingsFile.string() + ".bad";
   m_application = std::make_unique<shell::Application>(
       shell::Application::Parts{std::move(m_startGlobals), m_strings, m_clock, m_ui,
-                                [this] { return m_backends.Choose(); }, m_backends.idleSource()});
+                                [this] { return m_backends.Choose(); }, m_backends.idleSource(), m_log});
   m_tray.Show();
   if (!damaged.empty()) m_ui.Tell(m_strings.Format("msgSettingsDamaged", {damaged}));
 }
 
 Program::~Program() {
   m_ui.Close();
+  m_backends.Stop();
   m_channel.reset();
   m_application.reset();
 }

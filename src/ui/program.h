@@ -40,6 +40,7 @@ class Program {
  private:
   platform::SystemClock m_clock;
   shell::StringTable m_strings;
+  shell::Log m_log{shell::Log::Options{}};
   QtUserInterface m_ui;
   shell::Globals m_startGlobals;
   PracticeHost m_practice;

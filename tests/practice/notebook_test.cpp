@@ -5,6 +5,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QImage>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTest>
 #include <QTreeWidget>
 #include <QWidget>
@@ -111,19 +113,48 @@ TEST(Notebook, PagesAreReachedByKeyboard) {
   }
 }
 
+// Deleting asks first, with "no" as the answer to a careless Return, and never leaves a page of a deleted
+// file.
+TEST(Notebook, DeletesAPageOnlyWhenToldTo) {
+  PracticeWorld world;
+  const auto file = world.folder() / "First steps" / "Welcome.htm";
+  const auto answer = [&](QMessageBox::StandardButton button) {
+    world.notebook().Window().findChild<QAction*>("strPracticeDeletePage")->trigger();
+    auto* box = world.notebook().Window().findChild<QMessageBox*>();
+    ASSERT_TRUE(box);
+    EXPECT_EQ(box->defaultButton(), box->button(QMessageBox::No));
+    box->button(button)->click();
+    EXPECT_TRUE(WaitUntil([&] { return !world.notebook().Window().findChild<QMessageBox*>(); }));
+  };
+  answer(QMessageBox::No);
+  EXPECT_TRUE(std::filesystem::exists(file));
+  EXPECT_EQ(world.PageTitle(), "Welcome");
+  ASSERT_TRUE(world.CaretToEnd());
+  ASSERT_TRUE(world.RunScript("tell process \"Microsoft OneNote\"\nkeystroke \"late\"\nend tell").ok());
+  answer(QMessageBox::Yes);
+  EXPECT_TRUE(WaitUntil([&] { return world.PageTitle() == "Headings"; }));
+  EXPECT_FALSE(std::filesystem::exists(file)) << "what was typed last does not bring it back";
+  for (int i = 0; i < 6; ++i) answer(QMessageBox::Yes);
+  EXPECT_TRUE(WaitUntil([&] { return world.PageTitle().empty(); }))
+      << "after the last one there is an empty page";
+}
+
 // In dark mode the page itself must be dark, not only the frame around it.
 TEST(Notebook, PageFollowsTheColourScheme) {
   PracticeWorld world;
   const QPalette light = QApplication::palette();
-  const auto paper = [&] {
+  /// The lightness near the right edge (the page) or the left one (the list); -1 without a picture.
+  const auto lightness = [&](bool atRight) {
     const QImage picture = QImage::fromData(world.notebook().Controller().Picture());
-    return picture.isNull() ? -1 : picture.pixelColor(picture.width() - 30, picture.height() / 2).lightness();
+    if (picture.isNull()) return -1;
+    return picture.pixelColor(atRight ? picture.width() - 30 : 30, picture.height() * 3 / 4).lightness();
   };
-  EXPECT_TRUE(WaitUntil([&] { return paper() > 200; }));
+  const auto dim = [&](bool atRight) { return lightness(atRight) >= 0 && lightness(atRight) < 60; };
+  EXPECT_TRUE(WaitUntil([&] { return lightness(true) > 200 && lightness(false) > 200; }));
   QPalette dark(QColor(0x2b, 0x2b, 0x2b));
   dark.setColor(QPalette::Base, QColor(0x1f, 0x1f, 0x1f));
   QApplication::setPalette(dark);
-  EXPECT_TRUE(WaitUntil([&] { return paper() >= 0 && paper() < 60; }));
+  EXPECT_TRUE(WaitUntil([&] { return dim(true) && dim(false); }));
   QApplication::setPalette(light);
 }
 

@@ -18,7 +18,6 @@ QPalette DarkPalette() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
   QApplication app(argc, argv);
   if (argc != 2) return 2;
   QApplication::setStyle(QStyleFactory::create("Fusion"));

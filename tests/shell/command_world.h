@@ -41,8 +41,9 @@ struct CommandWorld {
   platform::FixedClock clock{std::chrono::system_clock::time_point{}};
   shell::StringTable strings;
   shell::Explain explain;
+  shell::Log log;
   shell::Globals globals;
-  shell::Services services{recording, recording, recording, clock, strings, explain};
+  shell::Services services{recording, recording, recording, clock, strings, explain, log};
 };
 
 }  // namespace quill::test

@@ -98,20 +98,29 @@ TEST_F(ChromiumTest, ChangesASelectionInPlace) {
 }
 
 // A long page travels in portions both ways, and the restore must not cut in before the browser has it all.
-// (Few paragraphs: beyond some 1500 of them Chromium takes the paste and inserts nothing, whoever owns it.)
+// Chromium reads the paste twice; a new owner between the two would be pasted instead.
 TEST_F(ChromiumTest, ChangesALargeSelection) {
   std::string words;
   for (int i = 0; i < 6000; ++i) words += "some words ";
   std::string body = "<div id=\"sel\">";
   for (int i = 0; i < 20; ++i) body += "<p>paragraph " + std::to_string(i) + " " + words + "</p>";
   ChromiumWorld page(world, body + "</div>");
+  const auto user = world.ClipboardOwner({{"text/html", "<b>user's own</b>"}});
   const PasteboardSnapshot before = backend->pasteboard().Save();
   std::string html;
   Timed("copy", [&] { html = Copy(); });
   ASSERT_GT(html.size(), 1u << 20);
   Timed("paste", [&] { Paste(Changed(html, "paragraph 19 ", "CHANGED ")); });
   Timed("restore", [&] { backend->pasteboard().Restore(before); });
+  EXPECT_EQ(world.ClipboardAs("text/html"), "<b>user's own</b>");
   EXPECT_THAT(page.WaitForDom("CHANGED", 30s), HasSubstr("paragraph 18 "));
+
+  // What the user pastes into the page later is the user's own again.
+  const auto pasted = [&] {
+    EXPECT_TRUE(backend->desktop().RunScript(scripts.ScriptPasteAtCaret).ok());
+    return page.WaitForDom("user's own", 500ms).find("user's own") != std::string::npos;
+  };
+  EXPECT_TRUE(Eventually(pasted, 10s));
 }
 
 // Nothing selected is what users forget most: it must be told as such within two seconds, nothing pasted.

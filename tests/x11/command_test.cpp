@@ -22,12 +22,12 @@ class CommandTest : public testing::Test {
  protected:
   CommandTest() {
     globals.scripts = shell::BuiltInScripts();
-    application = std::make_unique<Application>(
-        Application::Parts{globals, strings, clock, screen,
-                           [this] {
-                             return platform::Backend{"x11", &backend->desktop(), &backend->pasteboard()};
-                           },
-                           screen});
+    application = std::make_unique<Application>(Application::Parts{
+        globals, strings, clock, screen,
+        [this] {
+          return platform::Backend{"x11", &backend->desktop(), &backend->pasteboard(), nullptr};
+        },
+        screen, log});
   }
 
   Outcome Run(std::string_view action) {
@@ -42,6 +42,7 @@ class CommandTest : public testing::Test {
   shell::StringTable strings;
   platform::SystemClock clock;
   platform::recording::Recording screen;
+  shell::Log log;
   std::unique_ptr<Application> application;
 };
 

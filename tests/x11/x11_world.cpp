@@ -4,6 +4,7 @@
 #include <xcb/xtest.h>
 
 #include "platform/x11/x11_selection_reader.h"
+#include "platform/x11/x11_window_finder.h"
 
 namespace quill::x11_test {
 namespace {
@@ -50,10 +51,25 @@ std::unique_ptr<ChildProcess> X11World::Start(std::vector<std::string> command) 
 }
 
 std::unique_ptr<ChildProcess> X11World::Adversary(std::vector<std::string> manners) const {
+  std::string title = "OneNote";
+  for (const std::string& manner : manners) {
+    if (manner.rfind("title=", 0) == 0) title = manner.substr(6);
+  }
   manners.insert(manners.begin(), QUILL_ADVERSARY);
   std::unique_ptr<ChildProcess> window = Start(std::move(manners));
   EXPECT_NE(window->WaitForLine("focus"), "(none)") << "the window did not come up";
+  EXPECT_TRUE(BecomesActive(title)) << title;
   return window;
+}
+
+bool X11World::BecomesActive(const std::string& title) const {
+  return Eventually([&] {
+    const xcb_window_t active = ActiveWindow(*m_connection);
+    if (active == XCB_NONE || WindowTitle(*m_connection, active) != title) return false;
+    const auto focus =
+        Reply(m_connection->get(), xcb_get_input_focus(m_connection->get()), xcb_get_input_focus_reply);
+    return focus && focus->focus == active;
+  });
 }
 
 std::unique_ptr<ChildProcess> X11World::ClipboardOwner(

@@ -22,8 +22,11 @@ class X11World {
   /// Starts a program on this display.
   std::unique_ptr<ChildProcess> Start(std::vector<std::string> command) const;
 
-  /// Starts an adversary window (see adversary_window.h for its manners) and waits until it has the focus.
+  /// Starts an adversary window (see adversary_window.h for its manners) and waits until it is active.
   std::unique_ptr<ChildProcess> Adversary(std::vector<std::string> manners = {}) const;
+
+  /// Waits until the window with this title is the active one and has the focus, for the window manager too.
+  bool BecomesActive(const std::string& title) const;
 
   /// A program that owns the clipboard: a form's name and its bytes, without line feeds.
   std::unique_ptr<ChildProcess> ClipboardOwner(

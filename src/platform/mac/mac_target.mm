@@ -37,6 +37,12 @@ bool OneNoteRunning() {
   }
 }
 
+bool OneNoteIsActive() {
+  @autoreleasepool {
+    return [OneNote() isActive];
+  }
+}
+
 bool WaitUntilOneNoteAnswers(std::chrono::milliseconds deadline) {
   @autoreleasepool {
     NSRunningApplication* application = OneNote();

@@ -24,8 +24,6 @@ Result<std::unique_ptr<X11Backend>> X11Backend::Open(const char* display,
   parts->pasteboard = std::move(*pasteboard);
   parts->desktop = std::make_unique<X11Desktop>(*parts->connection, *parts->pasteboard, parts->notes,
                                                 std::move(targetPattern));
-  parts->pasteboard->OnSettle(
-      [desktop = parts->desktop.get()](Deadline deadline) { desktop->Settle(deadline); });
   return std::unique_ptr<X11Backend>(new X11Backend(std::move(parts)));
 }
 

@@ -35,8 +35,4 @@ bool X11Desktop::TargetIsActive() const {
   return target != XCB_NONE && target == ActiveWindow(m_world.connection);
 }
 
-void X11Desktop::Settle(Deadline deadline) {
-  if (m_world.lastTarget != XCB_NONE) X11Target(m_world.connection, m_world.lastTarget).Ping(deadline);
-}
-
 }  // namespace quill::platform::x11

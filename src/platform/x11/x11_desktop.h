@@ -24,9 +24,6 @@ class X11Desktop final : public Desktop {
     m_world.openLocation = std::move(open);
   }
 
-  /// Waits until the window that the last script was for has handled what it was sent.
-  void Settle(Deadline deadline);
-
  private:
   X11ScriptWorld m_world;
 };

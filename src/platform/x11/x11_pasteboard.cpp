@@ -14,10 +14,8 @@ using std::chrono::milliseconds;
 constexpr milliseconds kSaveEach{1000};
 constexpr milliseconds kSaveAll{2000};
 constexpr std::size_t kSaveMost = 64u << 20;
-constexpr milliseconds kQuietAtMost{1000};
-/// A browser reads several forms one after another; the gaps between them were below 5 ms here.
-constexpr milliseconds kQuiet{30};
 constexpr milliseconds kHandOver{500};
+constexpr milliseconds kVisitEnds{2500};
 
 std::vector<xcb_atom_t> TargetsOf(const X11Atoms& atoms, Flavour flavour) {
   switch (flavour) {
@@ -31,7 +29,7 @@ std::vector<xcb_atom_t> TargetsOf(const X11Atoms& atoms, Flavour flavour) {
   return {};
 }
 
-SelectionContents ContentsOf(const X11Atoms& atoms, Flavour flavour, std::string_view bytes) {
+SelectionContents Written(const X11Atoms& atoms, Flavour flavour, std::string_view bytes) {
   SelectionContents contents;
   const auto offer = [&](xcb_atom_t target, xcb_atom_t type) {
     contents.forms.push_back({target, type, 8, std::string(bytes)});
@@ -70,7 +68,14 @@ X11Pasteboard::X11Pasteboard(X11Connection& connection, std::unique_ptr<Selectio
     : m_connection(connection), m_notes(notes), m_server(std::move(server)), m_reader(connection) {}
 
 X11Pasteboard::~X11Pasteboard() {
+  // A target that is still at its paste would lose it with the owner.
+  m_server->WaitFor(In(kVisitEnds), [](const SelectionState& state) { return !state.visited; });
   m_server->HandToManager(kHandOver);
+}
+
+void X11Pasteboard::WatchTakers(xcb_window_t window) {
+  m_pastedInto = m_connection.ClientOf(window);
+  m_server->ForgetTakers();
 }
 
 void X11Pasteboard::Mark() {
@@ -152,10 +157,11 @@ Result<std::string, ReadProblem> X11Pasteboard::Read(Flavour flavour) {
 }
 
 bool X11Pasteboard::Write(Flavour flavour, std::string_view bytes) {
-  SelectionContents contents = ContentsOf(m_connection.atoms(), flavour, bytes);
+  SelectionContents contents = Written(m_connection.atoms(), flavour, bytes);
   m_known = contents.forms.front();
   m_mark = m_trusted = m_server->State().lastChange;
   const bool owns = m_server->Own(std::move(contents), m_connection.ServerTime());
+  m_pasted = m_server->Offered();
   m_touched = true;
   m_cleared = false;
   m_expected = 0;
@@ -172,6 +178,8 @@ std::vector<std::string> X11Pasteboard::FlavourNames() {
 
 PasteboardSnapshot X11Pasteboard::Save() {
   m_touched = false;
+  m_pastedInto = XCB_NONE;
+  m_pasted.reset();
   m_savedTypes.clear();
   PasteboardSnapshot snapshot;
   ReadLimits limits;
@@ -216,20 +224,6 @@ Taker X11Pasteboard::WaitForTaker(xcb_window_t window, Deadline deadline) {
   return m_server->State().takers.empty() ? Taker::Nobody : Taker::SomebodyElse;
 }
 
-void X11Pasteboard::WaitUntilQuiet() {
-  const Deadline end = In(kQuietAtMost);
-  for (;;) {
-    m_server->WaitFor(end, [](const SelectionState& state) { return !state.busy; });
-    if (m_settle) m_settle(end);
-    m_server->CatchUp();
-    const std::uint64_t before = m_server->State().requests;
-    const bool another = m_server->WaitFor(std::min(end, In(kQuiet)), [&](const SelectionState& state) {
-      return state.requests != before || state.busy;
-    });
-    if (!another || std::chrono::steady_clock::now() >= end) return;
-  }
-}
-
 /// True when the clipboard still holds what this program, or the copy that it asked for, has put there; also
 /// when a clipboard manager has taken it over unchanged.
 bool X11Pasteboard::StillOurs() {
@@ -244,29 +238,41 @@ bool X11Pasteboard::StillOurs() {
   return now.ok() && now->bytes == m_known->bytes;
 }
 
+SelectionContents X11Pasteboard::ContentsOf(const PasteboardSnapshot& snapshot) const {
+  SelectionContents contents;
+  for (const FlavourData& flavour : snapshot.flavours) {
+    const xcb_atom_t target = AtomOf(m_connection, flavour.name);
+    SelectionForm form{target, target, 8, flavour.bytes};
+    const auto saved = m_savedTypes.find(flavour.name);
+    if (saved != m_savedTypes.end()) std::tie(form.type, form.format) = saved->second;
+    contents.forms.push_back(std::move(form));
+  }
+  return contents;
+}
+
 void X11Pasteboard::Restore(const PasteboardSnapshot& snapshot) {
   m_server->CatchUp();
   TakeLateCopy();
   if (!m_touched) return m_notes.Add("clipboard: untouched, nothing to put back");
-  WaitUntilQuiet();
   if (!StillOurs()) return m_notes.Add("clipboard: somebody else has written since, left as it is");
   m_touched = m_cleared = false;
   m_known.reset();
-  SelectionContents contents;
-  for (const FlavourData& flavour : snapshot.flavours) {
-    const xcb_atom_t target = AtomOf(m_connection, flavour.name);
-    const auto saved = m_savedTypes.find(flavour.name);
-    SelectionForm form{target, target, 8, flavour.bytes};
-    if (saved != m_savedTypes.end()) std::tie(form.type, form.format) = saved->second;
-    contents.forms.push_back(std::move(form));
+  if (snapshot.flavours.empty() && !snapshot.complete)
+    return m_notes.Add("clipboard: could not be saved before");
+  const xcb_timestamp_t now = m_connection.ServerTime();
+  if (m_pastedInto != XCB_NONE && m_pasted) {
+    SelectionGuest guest{m_pastedInto, std::exchange(m_pasted, nullptr), false, {}};
+    const SelectionState state = m_server->State();
+    guest.taken = std::any_of(state.takers.begin(), state.takers.end(), [&](xcb_window_t taker) {
+      return m_connection.ClientOf(taker) == m_pastedInto;
+    });
+    m_server->OwnBeside(std::move(guest), ContentsOf(snapshot), now);
+  } else if (snapshot.flavours.empty()) {
+    m_server->Disown(now);
+  } else {
+    m_server->Own(ContentsOf(snapshot), now);
   }
-  if (contents.forms.empty()) {
-    if (snapshot.complete) m_server->Disown(m_connection.ServerTime());
-    return m_notes.Add("clipboard: was empty before");
-  }
-  const bool owns = m_server->Own(std::move(contents), m_connection.ServerTime());
-  m_notes.Add(owns ? "clipboard: put back " + std::to_string(snapshot.flavours.size()) + " forms"
-                   : "clipboard: the display refused");
+  m_notes.Add("clipboard: put back " + std::to_string(snapshot.flavours.size()) + " forms");
 }
 
 }  // namespace quill::platform::x11

@@ -1,5 +1,4 @@
 #pragma once
-#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -18,7 +17,9 @@ enum class Taker { Nobody, SomebodyElse, Target };
 ///
 /// `Clear` takes nothing away from the user: it marks the moment, and reads yield `Absent` until a new
 /// owner has come. While a script copies, only the target application counts as new owner; a clipboard
-/// manager that takes over afterwards is read instead of it. Reads take up to 64 MB, `Save` up to 2 s.
+/// manager that takes over afterwards is read instead of it. `Restore` puts the old contents back at once for
+/// all but the program that was pasted into, which sees them when it has done with the paste (see
+/// SelectionGuest). Reads take up to 64 MB, `Save` up to 2 s.
 class X11Pasteboard final : public Pasteboard {
  public:
   static Result<std::unique_ptr<X11Pasteboard>> Open(const char* display, X11Connection& connection,
@@ -41,15 +42,11 @@ class X11Pasteboard final : public Pasteboard {
   /// True when somebody other than the expected program has written since the last mark.
   bool SomebodyElseWrote() const;
 
-  /// Starts to watch who reads what this program owns. Called just before a paste's keys.
-  void WatchTakers() { m_server->ForgetTakers(); }
+  /// Starts to watch who reads what this program owns. Called just before a paste's keys into `window`.
+  void WatchTakers(xcb_window_t window);
   /// Waits until `window`'s program has read a whole form; at the deadline tells who has.
   Taker WaitForTaker(xcb_window_t window, Deadline deadline);
   bool OwnedByUs() const { return m_server->State().ours; }
-
-  /// Sets what `Restore` calls to let the target finish what it does; it returns when the target has
-  /// answered or its own deadline passed.
-  void OnSettle(std::function<void(Deadline)> settle) { m_settle = std::move(settle); }
 
  private:
   X11Pasteboard(X11Connection& connection, std::unique_ptr<SelectionServer> server, const X11Notes& notes);
@@ -60,21 +57,22 @@ class X11Pasteboard final : public Pasteboard {
   Result<SelectionForm, ReadProblem> ReadFirst(const std::vector<xcb_atom_t>& targets);
   bool KeepForm(PasteboardSnapshot& snapshot, xcb_atom_t target, const std::string& name, Deadline end,
                 std::size_t& left);
-  void WaitUntilQuiet();
+  SelectionContents ContentsOf(const PasteboardSnapshot& snapshot) const;
   bool StillOurs();
 
   X11Connection& m_connection;
   const X11Notes& m_notes;
   std::unique_ptr<SelectionServer> m_server;
   SelectionReader m_reader;
-  std::function<void(Deadline)> m_settle;
 
-  bool m_cleared = false;       ///< reads yield nothing until a new owner has come
-  bool m_touched = false;       ///< this program, or a copy that it asked for, has changed the clipboard
-  std::uint64_t m_mark = 0;     ///< the owner changes up to here are old
-  std::uint64_t m_trusted = 0;  ///< the owner changes up to here are this program's doing
-  xcb_window_t m_expected = 0;  ///< the client whose copy is waited for; 0: anybody's counts
-  std::optional<SelectionForm> m_known;  ///< what was last written or read
+  bool m_cleared = false;         ///< reads yield nothing until a new owner has come
+  bool m_touched = false;         ///< this program, or a copy that it asked for, has changed the clipboard
+  std::uint64_t m_mark = 0;       ///< the owner changes up to here are old
+  std::uint64_t m_trusted = 0;    ///< the owner changes up to here are this program's doing
+  xcb_window_t m_expected = 0;    ///< the client whose copy is waited for; 0: anybody's counts
+  xcb_window_t m_pastedInto = 0;  ///< the client that was pasted into since `Save`
+  std::shared_ptr<const SelectionContents> m_pasted;  ///< what was written last since `Save`
+  std::optional<SelectionForm> m_known;               ///< what was last written or read
   std::map<std::string, std::pair<xcb_atom_t, std::uint8_t>> m_savedTypes;
 };
 

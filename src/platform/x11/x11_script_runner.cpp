@@ -15,7 +15,7 @@ using std::chrono::milliseconds;
 constexpr milliseconds kModifiersUp = 2000ms;  // a user's hand on the hot key
 constexpr milliseconds kActivation = 2000ms;   // another virtual desktop, a minimised window
 constexpr milliseconds kCopy = 500ms;          // spent in full when nothing is selected, so no longer
-constexpr milliseconds kPaste = 2000ms;
+constexpr milliseconds kPaste = 5000ms;        // a browser deletes a long selection first
 constexpr milliseconds kKeyTaken = 2000ms;
 constexpr milliseconds kWindowOpens = 5000ms;
 constexpr milliseconds kSignOfLife = 1500ms;
@@ -79,7 +79,6 @@ ScriptResult X11ScriptRunner::FindTarget(std::string_view application) {
   }
   if (window == XCB_NONE) return Problem(ScriptProblem::TargetMissing, pattern);
   m_target = std::make_unique<X11Target>(m_world.connection, window);
-  m_world.lastTarget = window;
   m_world.notes.Add("target: window \"" + m_target->Title() + "\"");
   return m_target->Exists() ? ScriptResult{} : Closed();
 }
@@ -136,7 +135,7 @@ ScriptResult X11ScriptRunner::Press(const std::optional<KeyChord>& chord, const 
     if (!ready.ok()) return ready;
   }
   if (next == Pending::Copy) m_world.pasteboard.ExpectCopyFrom(m_target->window());
-  if (next == Pending::Paste) m_world.pasteboard.WatchTakers();
+  if (next == Pending::Paste) m_world.pasteboard.WatchTakers(m_target->window());
   ScriptResult sent = SendWhenReady(*chord);
   m_pending = sent.ok() ? next : Pending::Nothing;
   m_world.notes.Add((sent.ok() ? "key sent: " : "key not sent: ") + name);

@@ -20,7 +20,6 @@ struct X11ScriptWorld {
   std::function<std::string()> targetPattern;
   std::function<bool(std::string_view url)> openLocation;  ///< may be empty
   xcb_window_t copiedFrom = XCB_NONE;                      ///< where the last copy came from
-  xcb_window_t lastTarget = XCB_NONE;
 };
 
 /// Performs one script on the target's window.

@@ -1,6 +1,9 @@
 #include "platform/x11/x11_selection_server.h"
 
+#include <poll.h>
 #include <xcb/xfixes.h>
+
+#include <algorithm>
 
 namespace quill::platform::x11 {
 namespace {
@@ -72,7 +75,7 @@ void SelectionServer::SendMark(std::uint32_t kind) {
 void SelectionServer::Serve() {
   bool more = true;
   while (more) {
-    const XcbEvent event{xcb_wait_for_event(m_connection->get())};
+    const XcbEvent event = NextEvent();
     {
       const std::lock_guard lock(m_mutex);
       if (event) {
@@ -82,9 +85,46 @@ void SelectionServer::Serve() {
         m_state.lost = true;
       }
       m_state.busy = m_answerer.Busy();
+      m_state.visited = m_answerer.guest().has_value();
     }
     m_changed.notify_all();
   }
+}
+
+/// Waits for the next event; ends a visit when its time is over. Nothing when the connection broke.
+XcbEvent SelectionServer::NextEvent() {
+  for (;;) {
+    std::optional<Deadline> end;
+    {
+      const std::lock_guard lock(m_mutex);
+      if (m_answerer.guest()) end = m_answerer.guest()->end;
+    }
+    if (!end) return XcbEvent{xcb_wait_for_event(m_connection->get())};
+    XcbEvent event{xcb_poll_for_event(m_connection->get())};
+    if (event || m_connection->Broken()) return event;
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(*end - std::chrono::steady_clock::now());
+    if (left.count() <= 0 && EndVisit()) continue;
+    pollfd input{xcb_get_file_descriptor(m_connection->get()), POLLIN, 0};
+    poll(&input, 1, std::max(1, static_cast<int>(left.count())));
+  }
+}
+
+/// Takes the clipboard anew so that the guest sees a change too. The time of the visit's beginning makes the
+/// server refuse when somebody else has become owner meanwhile.
+bool SelectionServer::EndVisit() {
+  {
+    const std::lock_guard lock(m_mutex);
+    if (!m_answerer.guest() || m_answerer.Busy()) return false;
+    m_answerer.Invite(std::nullopt);
+    m_state.visited = false;
+    if (!m_state.ours) return true;
+    const bool empty = m_offered->forms.empty();
+    xcb_set_selection_owner(m_connection->get(), empty ? XCB_NONE : window(), m_connection->atoms().clipboard,
+                            m_offered->since);
+  }
+  xcb_flush(m_connection->get());
+  m_changed.notify_all();
+  return true;
 }
 
 bool SelectionServer::Handle(const xcb_generic_event_t& event) {
@@ -114,6 +154,7 @@ void SelectionServer::OnOwner(xcb_window_t owner) {
   // This event comes before any request that the change brings about, so nobody gets older contents.
   m_state.ours = owner == window();
   m_offered = m_state.ours ? m_next : nullptr;
+  m_answerer.Invite(m_state.ours ? std::exchange(m_nextGuest, std::nullopt) : std::nullopt);
   m_answerer.Offer(m_offered);
   if (m_state.ours) {
     m_state.takers.clear();
@@ -133,6 +174,28 @@ bool SelectionServer::Own(SelectionContents contents, xcb_timestamp_t now) {
   const bool owns = OwnerOf(*m_connection, m_connection->atoms().clipboard) == window();
   CatchUp();
   return owns;
+}
+
+bool SelectionServer::OwnBeside(SelectionGuest guest, SelectionContents contents, xcb_timestamp_t now) {
+  contents.since = now;
+  const auto next = std::make_shared<const SelectionContents>(std::move(contents));
+  bool ours = false;
+  {
+    const std::lock_guard lock(m_mutex);
+    m_next = next;
+    ours = m_state.ours;
+    if (ours) {
+      m_offered = next;
+      m_answerer.Offer(next);
+      m_answerer.Invite(std::move(guest));
+      m_state.visited = true;
+    } else {
+      m_nextGuest = std::move(guest);
+    }
+  }
+  if (!ours) xcb_set_selection_owner(m_connection->get(), window(), m_connection->atoms().clipboard, now);
+  CatchUp();
+  return State().ours;
 }
 
 void SelectionServer::Disown(xcb_timestamp_t now) {

@@ -24,6 +24,7 @@ struct SelectionState {
   std::uint64_t requests = 0;       ///< requests of other programs, of any kind
   std::deque<xcb_window_t> takers;  ///< who has got a whole form since `ForgetTakers`
   bool busy = false;                ///< a large form is on its way
+  bool visited = false;             ///< a guest still gets other contents than everybody else
   bool managerDone = false;         ///< a clipboard manager has answered `SAVE_TARGETS`
   bool lost = false;                ///< the connection broke
 };
@@ -45,6 +46,9 @@ class SelectionServer {
   bool Own(SelectionContents contents, xcb_timestamp_t now);
   /// Gives the clipboard up: it is empty afterwards.
   void Disown(xcb_timestamp_t now);
+  /// As `Own` or, for contents without any form, `Disown`; but the guest's program goes on seeing its
+  /// contents until its visit is over, and the owner changes in its eyes only then.
+  bool OwnBeside(SelectionGuest guest, SelectionContents contents, xcb_timestamp_t now);
   /// What this program offers; null when it does not own the clipboard.
   std::shared_ptr<const SelectionContents> Offered() const;
 
@@ -64,6 +68,8 @@ class SelectionServer {
  private:
   explicit SelectionServer(std::unique_ptr<X11Connection> connection);
   void Serve();
+  XcbEvent NextEvent();
+  bool EndVisit();
   bool Handle(const xcb_generic_event_t& event);
   void OnOwner(xcb_window_t owner);
   void SendMark(std::uint32_t kind);
@@ -76,6 +82,7 @@ class SelectionServer {
   std::shared_ptr<const SelectionContents> m_next;     // guarded by m_mutex; offered once we own
   std::shared_ptr<const SelectionContents> m_offered;  // guarded by m_mutex
   SelectionState m_state;                              // guarded by m_mutex
+  std::optional<SelectionGuest> m_nextGuest;           // guarded by m_mutex
   std::uint32_t m_marksSent = 0, m_marksSeen = 0;      // guarded by m_mutex
   std::thread m_thread;
 };

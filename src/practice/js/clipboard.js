@@ -35,7 +35,8 @@
 
   const attribute = (text) => text.replace(/&/g, '&amp;').replace(/"/g, '&quot;').replace(/</g, '&lt;')
       .replace(/>/g, '&gt;').replace(/\n/g, '&#10;').replace(/\u00a0/g, '&nbsp;');
-  const styleOf = (text) => " style='" + text.replace(/&/g, '&amp;').replace(/'/g, '"').replace(/</g, '&lt;') + "'";
+  const styleOf = (text) => " style='" +
+      text.replace(/&/g, '&amp;').replace(/'/g, '"').replace(/</g, '&lt;') + "'";
 
   const textOf = function (node) {
     const escaped = node.data.replace(/[\u0000-\u0008\u000b\u000c\u000e-\u001f\ufffe\uffff]/g, '')
@@ -62,24 +63,25 @@
     a: (node, inner) => '<a href="' + attribute(node.getAttribute('href') || '') + '">' + inner + '</a>',
     span: (node, inner, style) => (style ? '<span' + style + '>' + inner + '</span>' : inner),
     table: (node, inner, style) => "<div style='direction:ltr'>" + NL + NL +
-        '<table border=1 cellpadding=0 cellspacing=0 valign=top' + style + ' title="' + attribute(node.title) +
-        '" summary="">' + NL + inner + '</table>' + NL + NL + '</div>' + NL + NL,
+        '<table border=1 cellpadding=0 cellspacing=0 valign=top' + style + ' title="' +
+        attribute(node.title) + '" summary="">' + NL + inner + '</table>' + NL + NL + '</div>' + NL + NL,
     tr: (node, inner) => ' <tr>' + NL + inner + ' </tr>' + NL,
     td: (node, inner, style) => '  <td' + style + '>' + NL + '  ' + inner.trimEnd() + NL + '  </td>' + NL,
-    ul: (node, inner, style) => '<ul type=' + (node.getAttribute('type') || 'disc') + style + '>' + NL + inner +
-        '</ul>' + NL,
+    ul: (node, inner, style) => '<ul type=' + (node.getAttribute('type') || 'disc') + style + '>' + NL +
+        inner + '</ul>' + NL,
     ol: (node, inner, style) => '<ol type=' + (node.getAttribute('type') || '1') + style + '>' + NL + inner +
         '</ol>' + NL,
     li: (node, inner, style) => ' <li' +
-        (node.parentElement && node.parentElement.querySelector('li') === node ? ' value=1' : '') + style + '>' +
-        inner.trim() + '</li>' + NL,
+        (node.parentElement && node.parentElement.querySelector('li') === node ? ' value=1' : '') + style +
+        '>' + inner.trim() + '</li>' + NL,
   };
   writers.th = writers.td;
 
   const paragraph = function (node, inner, style) {
     const name = node.localName;
     const tag = node.dataset.tag ? ' data-tag="' + attribute(node.dataset.tag) + '"' : '';
-    return '<' + name + tag + style + '>' + (quill.isEmpty(node) ? '&nbsp;' : inner) + '</' + name + '>' + NL + NL;
+    const shown = quill.isEmpty(node) ? '&nbsp;' : inner;
+    return '<' + name + tag + style + '>' + shown + '</' + name + '>' + NL + NL;
   };
   for (const name of ['p', 'h1', 'h2', 'h3', 'h4', 'h5', 'h6', 'pre']) writers[name] = paragraph;
 

@@ -154,7 +154,7 @@
       quill.caretAt(...endOf(blocks[blocks.length - 1]));
       return;
     }
-    const joins = (block) => (here.matches('li') ? block.matches('li') : block.matches('p,h1,h2,h3,h4,h5,h6,pre'));
+    const joins = (block) => block.matches(here.matches('li') ? 'li' : 'p,h1,h2,h3,h4,h5,h6,pre');
     const right = splitAtCaret(here, range);
     const leftEmpty = quill.isEmpty(here);
     const rest = blocks.slice();

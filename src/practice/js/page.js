@@ -122,7 +122,8 @@
 
   // --- events ------------------------------------------------------------------------------------------
 
-  const isCommand = (event) => (navigator.platform.startsWith('Mac') ? event.metaKey : event.ctrlKey) && !event.altKey;
+  const isMac = navigator.platform.startsWith('Mac');
+  const isCommand = (event) => (isMac ? event.metaKey : event.ctrlKey) && !event.altKey;
 
   const onKey = function (event) {
     const key = event.key.toLowerCase();
@@ -147,7 +148,8 @@
     document.execCommand('styleWithCSS', false, true);
     document.addEventListener('keydown', onKey, true);
     document.addEventListener('beforeinput', (event) => {
-      if (event.inputType.startsWith('history') || event.inputType === 'insertFromDrop') event.preventDefault();
+      const ours = event.inputType.startsWith('history') || event.inputType === 'insertFromDrop';
+      if (ours) event.preventDefault();
       else quill.rememberTyping(event.inputType, event.timeStamp);
     });
     document.addEventListener('input', quill.changed);

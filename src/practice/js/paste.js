@@ -2,10 +2,10 @@
 (function (quill) {
   'use strict';
 
-  const ALLOWED = new Set(('p h1 h2 h3 h4 h5 h6 pre span a img br hr table tbody thead tfoot tr td th ul ol li ' +
-      'b i u s strike strong em sub sup code blockquote').split(' '));
-  const DROPPED = new Set(('script style iframe frame frameset object embed applet template noscript svg math ' +
-      'video audio source track canvas form input button select textarea link meta base title head dialog ' +
+  const ALLOWED = new Set(('p h1 h2 h3 h4 h5 h6 pre span a img br hr table tbody thead tfoot tr td th ul ol ' +
+      'li b i u s strike strong em sub sup code blockquote').split(' '));
+  const DROPPED = new Set(('script style iframe frame frameset object embed applet template noscript svg ' +
+      'math video audio source track canvas form input button select textarea link meta base title head dialog ' +
       'portal slot').split(' '));
   const ATTRIBUTES = new Set(('style data-tag href src alt width height title summary border cellpadding ' +
       'cellspacing valign type lang rowspan colspan align bgcolor start').split(' '));
@@ -20,13 +20,15 @@
     // White space and control characters do not keep an address from being understood.
     const address = value.replace(/[\u0000-\u0020]/g, '');
     if (name === 'href') return element.localName === 'a' && LINKS.test(address);
-    if (name === 'src') return element.localName === 'img' && (PICTURES.test(address) || KEPT_SOURCES.test(address));
+    if (name === 'src') {
+      return element.localName === 'img' && (PICTURES.test(address) || KEPT_SOURCES.test(address));
+    }
     if (name === 'style') return !ACTIVE_STYLE.test(value);
     return true;
   };
 
   const isBetweenBlocks = (node) => node.nodeType === Node.TEXT_NODE && /^[ \t\r\n]*$/.test(node.data) &&
-      (quill.isBlock(node.previousSibling || node.parentNode) || quill.isBlock(node.nextSibling || node.parentNode)) &&
+      [node.previousSibling, node.nextSibling].some((beside) => quill.isBlock(beside || node.parentNode)) &&
       !(node.parentNode.matches && node.parentNode.matches('p,h1,h2,h3,h4,h5,h6,pre,span'));
 
   // Clean copies of a node; none, one, or those of its children when the element itself cannot stay.

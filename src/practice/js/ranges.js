@@ -121,7 +121,8 @@
     if (whole.collapsed || quill.isInTitle(whole)) return whole;
     dropUntouchedEnd(whole);
     takeWhole(whole);
-    const inOneParagraph = quill.paragraphOf(whole.startContainer) === quill.paragraphOf(whole.endContainer) &&
+    const first = quill.paragraphOf(whole.startContainer);
+    const inOneParagraph = first === quill.paragraphOf(whole.endContainer) &&
         !quill.hasBlocks(whole.cloneContents());
     if (!inOneParagraph) stepOut(whole);
     return whole;
