@@ -23,6 +23,7 @@
 #include "content/unicode_text.h"
 #include "content/working_document.h"
 #include "onenote_shapes.h"
+#include "platform/posix/memory_policy.h"
 
 namespace {
 
@@ -159,7 +160,9 @@ void MeasureGrowth() {
 
 }  // namespace
 
+// Measured under the memory policy that the application runs under.
 int main(int argc, char** argv) {
+  quill::platform::KeepFreedMemory();
   CompareOn("text", quill::bench::TextFragment(kShapeSize));
   CompareOn("table", quill::bench::TableFragment(kShapeSize));
   CompareOn("image", quill::bench::ImageFragment(kShapeSize));

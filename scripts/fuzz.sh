@@ -14,7 +14,7 @@ run_one() {
   mkdir -p "$work"
   local arguments=(-max_total_time="$seconds" -timeout=20 -rss_limit_mb=4096 -print_final_stats=1
     -artifact_prefix="build/fuzz-findings/$name-")
-  [ -f "fuzz/$name.dict" ] && arguments+=("-dict=fuzz/$name.dict")
+  arguments+=(-dict=fuzz/html.dict)
   local seeds=()
   [ -d "fuzz/corpus/$name" ] && seeds=("fuzz/corpus/$name")
   if ! "$binary" "${arguments[@]}" "$work" "${seeds[@]}" >"build/fuzz-findings/$name.log" 2>&1; then

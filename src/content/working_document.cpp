@@ -3,12 +3,20 @@
 #include <fmt/format.h>
 
 #include <cstring>
+#include <string_view>
 
 #include "content/xml_serializer.h"
 #include "content/xml_strictness.h"
 
 namespace quill::content {
 namespace {
+
+/// Whether there may be a processing instruction behind the declaration. The parser turns line ends into LF
+/// everywhere but in those.
+bool HasInstruction(std::string_view text) {
+  constexpr std::size_t kPastDeclaration = 2;
+  return text.find("<?", kPastDeclaration) != std::string_view::npos;
+}
 
 /// What XML asks of a reader: CR LF and a lone CR are LF before anything else is looked at.
 void NormalizeLineEnds(std::string& text) {
@@ -31,7 +39,8 @@ void NormalizeLineEnds(std::string& text) {
 }
 
 constexpr unsigned kParseOptions = pugi::parse_cdata | pugi::parse_comments | pugi::parse_pi |
-                                   pugi::parse_ws_pcdata | pugi::parse_escapes | pugi::parse_wconv_attribute;
+                                   pugi::parse_ws_pcdata | pugi::parse_eol | pugi::parse_escapes |
+                                   pugi::parse_wconv_attribute;
 
 }  // namespace
 
@@ -51,7 +60,7 @@ Result<WorkingDocument> WorkingDocument::Parse(std::string xml) {
   }
   auto state = std::make_unique<State>();
   state->text = std::move(xml);
-  NormalizeLineEnds(state->text);
+  if (HasInstruction(state->text)) NormalizeLineEnds(state->text);
   const pugi::xml_parse_result parsed = state->tree.load_buffer_inplace(
       state->text.data(), state->text.size(), kParseOptions, pugi::encoding_utf8);
   if (!parsed) return Failure{fmt::format("{} at byte {}", parsed.description(), parsed.offset)};

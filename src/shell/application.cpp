@@ -3,6 +3,8 @@
 #include <future>
 #include <nlohmann/json.hpp>
 
+#include "platform/posix/memory_policy.h"
+
 namespace quill::shell {
 namespace {
 
@@ -91,7 +93,11 @@ void Application::Run(const RunRequest& request, std::function<void(Outcome)> do
   auto outcome = std::make_shared<Outcome>();
   const std::string title(m_parts.strings.Text(request.row->titleKey));
   const std::optional<std::string> busyWith = m_thread->TryRun(
-      title, [this, request, outcome] { *outcome = Execute(request); },
+      title,
+      [this, request, outcome] {
+        *outcome = Execute(request);
+        platform::ReturnFreedMemory();
+      },
       [outcome, done] { done(std::move(*outcome)); });
   if (busyWith) {
     Outcome refused;

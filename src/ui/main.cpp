@@ -8,6 +8,7 @@
 #include <string>
 
 #include "base/version.h"
+#include "platform/posix/memory_policy.h"
 #include "ui/program.h"
 #include "ui/tour.h"
 
@@ -65,6 +66,7 @@ int main(int argc, char** argv) {
     std::printf("quillmenu %s\n", quill::kVersion);
     return 0;
   }
+  quill::platform::KeepFreedMemory();
   QApplication app(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setApplicationName(QStringLiteral("Quill Menu"));

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 #include <httplib.h>
 
+#include <condition_variable>
 #include <mutex>
+#include <optional>
 
 namespace quill::x11_test {
 namespace {
@@ -20,7 +22,17 @@ function select() {
   getSelection().removeAllRanges();
   getSelection().addRange(range);
 }
+async function follow() {
+  for (;;) {
+    const answer = await fetch('/next');
+    if (answer.status !== 200) continue;
+    document.body.innerHTML = await answer.text();
+    select();
+    tell('/ready');
+  }
+}
 addEventListener('load', () => {
+  follow();
   addEventListener('input', () => tell('/dom'));
   const ready = setInterval(() => {
     select();
@@ -40,7 +52,10 @@ struct ChromiumWorld::Page {
   std::mutex mutex;
   std::string dom;
   bool ready = false;
+  bool ending = false;
   int changes = 0;
+  std::optional<std::string> next;  ///< content that the page has still to fetch
+  std::condition_variable nextChanged;
 };
 
 ChromiumWorld::ChromiumWorld(X11World& world, const std::string& body)
@@ -66,6 +81,11 @@ ChromiumWorld::ChromiumWorld(X11World& world, const std::string& body)
 
 ChromiumWorld::~ChromiumWorld() {
   m_browser.reset();
+  {
+    const std::lock_guard lock(m_page->mutex);
+    m_page->ending = true;
+  }
+  m_page->nextChanged.notify_all();
   m_server->stop();
   m_serving.join();
   std::error_code ignored;
@@ -75,6 +95,13 @@ ChromiumWorld::~ChromiumWorld() {
 void ChromiumWorld::Serve(const std::string& body) {
   m_server->Get("/", [body](const httplib::Request&, httplib::Response& response) {
     response.set_content(std::string(kHead) + body + "</body></html>", "text/html");
+  });
+  m_server->Get("/next", [this](const httplib::Request&, httplib::Response& response) {
+    std::unique_lock lock(m_page->mutex);
+    m_page->nextChanged.wait_for(lock, 1s, [this] { return m_page->ending || m_page->next; });
+    response.status = m_page->next ? 200 : 204;
+    if (m_page->next) response.set_content(*m_page->next, "text/html");
+    m_page->next.reset();
   });
   m_server->Post("/ready", [this](const httplib::Request& request, httplib::Response&) {
     const std::lock_guard lock(m_page->mutex);
@@ -98,6 +125,23 @@ std::string ChromiumWorld::WaitForDom(const std::string& text, std::chrono::mill
       },
       deadline);
   return seen;
+}
+
+void ChromiumWorld::Reset(const std::string& body) {
+  {
+    const std::lock_guard lock(m_page->mutex);
+    m_page->ready = false;
+    m_page->dom.clear();
+    m_page->next = body;
+  }
+  m_page->nextChanged.notify_all();
+  const bool shown = Eventually(
+      [this] {
+        const std::lock_guard lock(m_page->mutex);
+        return m_page->ready;
+      },
+      10s);
+  EXPECT_TRUE(shown) << "Chromium did not take the new content";
 }
 
 int ChromiumWorld::changes() const {

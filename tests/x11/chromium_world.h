@@ -24,6 +24,8 @@ class ChromiumWorld {
   /// Waits until the page's DOM contains `text`; returns the DOM as it was last seen.
   std::string WaitForDom(const std::string& text,
                          std::chrono::milliseconds deadline = std::chrono::seconds(10));
+  /// Puts other content into the page, selects its `#sel` and waits until that is done.
+  void Reset(const std::string& body);
   /// How often the page has reported a change.
   int changes() const;
 
