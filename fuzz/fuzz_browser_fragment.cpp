@@ -1,5 +1,5 @@
-// Whatever a browser, or somebody who stands for one, puts on the clipboard: the rewriter ends, keeps within bounds,
-// and its result has the markers exactly once in front of what the core cuts out.
+// Whatever a browser, or somebody who stands for one, puts on the clipboard: the rewriter ends, keeps within
+// bounds, and its result has the markers exactly once in front of what the core cuts out.
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>

@@ -89,7 +89,7 @@ Outcome Application::Execute(const RunRequest& request) {
   return outcome;
 }
 
-void Application::Run(const RunRequest& request, std::function<void(Outcome)> done) {
+void Application::Run(const RunRequest& request, const std::function<void(Outcome)>& done) {
   auto outcome = std::make_shared<Outcome>();
   const std::string title(m_parts.strings.Text(request.row->titleKey));
   const std::optional<std::string> busyWith = m_thread->TryRun(

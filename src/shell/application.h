@@ -56,7 +56,7 @@ class Application {
 
   /// Runs an action on the command thread and calls `done` there when it is over. While another command
   /// runs it is refused: `done` is called at once, on the calling thread, with the reason. Any thread.
-  void Run(const RunRequest& request, std::function<void(Outcome)> done);
+  void Run(const RunRequest& request, const std::function<void(Outcome)>& done);
 
   /// As `Run`, waiting for the end. Not to be called on the GUI or the command thread.
   Outcome RunAndWait(const RunRequest& request);

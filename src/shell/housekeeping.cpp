@@ -36,9 +36,9 @@ Housekeeping::Housekeeping(Globals& globals, platform::Desktop& desktop, const p
              {HousekeepingSlot::UpdateNotice, 30, Always, nullptr}} {}
 
 void Housekeeping::AddJob(HousekeepingSlot slot, Work work) {
-  for (Job& job : m_jobs) {
-    if (job.slot == slot) job.run = std::move(work);
-  }
+  const auto job =
+      std::find_if(m_jobs.begin(), m_jobs.end(), [slot](const Job& one) { return one.slot == slot; });
+  if (job != m_jobs.end()) job->run = std::move(work);
 }
 
 void Housekeeping::Tick() {

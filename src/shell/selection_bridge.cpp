@@ -73,7 +73,10 @@ std::string SelectionBridge::CopyOnce(const std::string& script, Flavour flavour
   pasteboard.Clear();
   m_readProblemKey.clear();
   if (!RunAppleScript(script).ok() && !AnotherTryMayHelp(m_problem)) return {};
-  const auto deadline = std::chrono::ceil<std::chrono::milliseconds>(wait);
+  // A script that says so has waited itself: the application is there and copied nothing.
+  const bool waited = m_problem == ScriptProblem::NothingCopied;
+  const auto deadline =
+      waited ? std::chrono::milliseconds(0) : std::chrono::ceil<std::chrono::milliseconds>(wait);
   if (!pasteboard.WaitForNewContents(deadline)) {
     m_services.explain.Note(fmt::format("nothing new on the clipboard after {} ms", deadline.count()));
     return {};

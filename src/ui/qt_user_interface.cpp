@@ -71,21 +71,23 @@ void ShowSavePanel(const platform::SavePanel& panel, std::function<void(MaybePat
 
 void QtUserInterface::ShowMessage(std::string_view text) {
   m_answers.Ask<bool>(
-      [this, message = ToQt(text)](std::function<void(bool)> answer) {
+      [this, message = ToQt(text)](const std::function<void(bool)>& answer) {
         ShowAlert(m_strings, message, [answer] { answer(true); });
       },
       true);
 }
 
 bool QtUserInterface::AskYesNo(std::string_view question) {
-  return m_answers.Ask<bool>([this, text = ToQt(question)](
-                                 std::function<void(bool)> answer) { ShowQuestion(m_strings, text, answer); },
-                             false);
+  return m_answers.Ask<bool>(
+      [this, text = ToQt(question)](const std::function<void(bool)>& answer) {
+        ShowQuestion(m_strings, text, answer);
+      },
+      false);
 }
 
 MaybePath QtUserInterface::AskSavePath(const platform::SavePanel& panel) {
   return m_answers.Ask<MaybePath>(
-      [panel](std::function<void(MaybePath)> answer) { ShowSavePanel(panel, answer); }, std::nullopt);
+      [panel](const std::function<void(MaybePath)>& answer) { ShowSavePanel(panel, answer); }, std::nullopt);
 }
 
 void QtUserInterface::Tell(std::string_view text) {

@@ -83,6 +83,7 @@ TEST_F(CommandTest, SurvivesBadManners) {
   const auto user = world.ClipboardOwner({{"UTF8_STRING", "user's own"}});
   const Disturbance disturbances[] = {
       {"copy=never", "msgLoadTextError"},
+      {"answer=never", "errClipboardSilent"},
       {"copy=hang", "errScriptNoAnswer"},
       {"copy=close", "errScriptTargetClosed"},
   };
@@ -93,9 +94,11 @@ TEST_F(CommandTest, SurvivesBadManners) {
   }
   EXPECT_THAT(Run("UpperCase").messages, ElementsAre(Text("errScriptTargetMissing")));
   EXPECT_EQ(world.ClipboardAs("UTF8_STRING"), "user's own");
-  const auto late = world.Adversary({"copy=late"});
-  EXPECT_THAT(Run("UpperCase").messages, ElementsAre());
-  EXPECT_THAT(late->WaitForLine("pasted "), HasSubstr("COPIED"));
+  for (const char* manner : {"copy=late", "answer=late"}) {
+    const auto late = world.Adversary({manner});
+    EXPECT_THAT(Run("UpperCase").messages, ElementsAre()) << manner;
+    EXPECT_THAT(late->WaitForLine("pasted "), HasSubstr("COPIED")) << manner;
+  }
 }
 
 // A second click while a command waits for the application is refused with the first one's name.

@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::uintmax_t kUserDirsLimit = 64 * 1024;
+constexpr std::uintmax_t kUserDirsLimit = std::uintmax_t{64} * 1024;
 
 #if defined(__APPLE__)
 constexpr bool kHasLibrary = true;

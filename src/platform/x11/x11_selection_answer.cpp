@@ -6,7 +6,7 @@ namespace quill::platform::x11 {
 namespace {
 
 /// Larger forms go in portions of this size: every toolkit copes with it, and 3 MB are 12 portions.
-constexpr std::size_t kPortion = 256 * 1024;
+constexpr std::size_t kPortion = std::size_t{256} * 1024;
 
 /// A guest's visit ends so long after its first read: the second one came within 0.2 s here.
 constexpr std::chrono::milliseconds kAfterFirstRead{2000};

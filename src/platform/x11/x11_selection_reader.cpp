@@ -18,6 +18,7 @@ Deadline Earlier(Deadline end, std::chrono::milliseconds time) {
 
 std::vector<std::string> AtomNames(const X11Connection& connection, const std::vector<xcb_atom_t>& atoms) {
   std::vector<xcb_get_atom_name_cookie_t> cookies;
+  cookies.reserve(atoms.size());
   for (const xcb_atom_t atom : atoms) cookies.push_back(xcb_get_atom_name(connection.get(), atom));
   std::vector<std::string> names;
   for (const xcb_get_atom_name_cookie_t cookie : cookies) {

@@ -14,11 +14,9 @@ using quill::x11_test::Manners;
 
 Manners FromArguments(int count, char** arguments) {
   Manners manners;
-  const std::pair<std::string_view, std::string*> known[] = {{"title=", &manners.title},
-                                                             {"copy=", &manners.copy},
-                                                             {"paste=", &manners.paste},
-                                                             {"watch=", &manners.watch},
-                                                             {"html=", &manners.html}};
+  const std::pair<std::string_view, std::string*> known[] = {
+      {"title=", &manners.title}, {"copy=", &manners.copy},   {"answer=", &manners.answer},
+      {"paste=", &manners.paste}, {"watch=", &manners.watch}, {"html=", &manners.html}};
   for (int i = 1; i < count; ++i) {
     const std::string_view argument = arguments[i];
     for (const auto& [name, value] : known) {

@@ -62,7 +62,7 @@ bool AdversaryWindow::HandleEvents() {
     if (type == XCB_KEY_PRESS && !OnKey(As<xcb_key_press_event_t>(*event))) return false;
     if (type == XCB_FOCUS_IN && As<xcb_focus_in_event_t>(*event).mode == XCB_NOTIFY_MODE_NORMAL) Say("focus");
     if (type == XCB_CLIENT_MESSAGE) OnMessage(As<xcb_client_message_event_t>(*event));
-    if (type == XCB_SELECTION_REQUEST) m_answerer.OnRequest(As<xcb_selection_request_event_t>(*event));
+    if (type == XCB_SELECTION_REQUEST) OnRequest(As<xcb_selection_request_event_t>(*event));
     if (type == XCB_SELECTION_NOTIFY) OnAnswer(As<xcb_selection_notify_event_t>(*event));
     if (type == XCB_PROPERTY_NOTIFY) OnProperty(As<xcb_property_notify_event_t>(*event));
     if (type == m_fixesEvent) OnOwner(As<xcb_xfixes_selection_notify_event_t>(*event).owner);
@@ -99,7 +99,16 @@ bool AdversaryWindow::OnCopy() {
   return true;
 }
 
+void AdversaryWindow::OnRequest(const xcb_selection_request_event_t& request) {
+  if (m_manners.answer == "late") m_lateAnswers.emplace_back(steady_clock::now() + kLate, request);
+  if (m_manners.answer == "at-once") m_answerer.OnRequest(request);
+}
+
 void AdversaryWindow::Tick() {
+  while (!m_lateAnswers.empty() && m_lateAnswers.front().first <= steady_clock::now()) {
+    m_answerer.OnRequest(m_lateAnswers.front().second);
+    m_lateAnswers.pop_front();
+  }
   if (!m_copyAt || steady_clock::now() < *m_copyAt) return;
   m_copyAt.reset();
   std::string html = m_manners.html;

@@ -1,5 +1,6 @@
 #pragma once
 #include <chrono>
+#include <deque>
 #include <map>
 #include <optional>
 #include <string>
@@ -12,9 +13,10 @@ namespace quill::x11_test {
 /// How the window behaves; all given as name=value on the command line.
 struct Manners {
   std::string title = "OneNote";
-  std::string copy = "at-once";  ///< at-once, late (400 ms), never, close, hang
-  std::string paste = "reads";   ///< reads, ignores
-  std::string watch = "no";      ///< no, same, other: what becomes of a clipboard that somebody else takes
+  std::string copy = "at-once";    ///< at-once, late (400 ms), never, close, hang
+  std::string answer = "at-once";  ///< at-once, late (400 ms), never: to who wants what it owns
+  std::string paste = "reads";     ///< reads, ignores
+  std::string watch = "no";        ///< no, same, other: what becomes of a clipboard that somebody else takes
   std::string html = "<p>copied</p>";
   std::size_t size = 0;  ///< the copied HTML is made up to this length
 };
@@ -35,6 +37,7 @@ class AdversaryWindow {
  private:
   bool OnKey(const xcb_key_press_event_t& key);
   bool OnCopy();
+  void OnRequest(const xcb_selection_request_event_t& request);
   void OnMessage(const xcb_client_message_event_t& message);
   void OnAnswer(const xcb_selection_notify_event_t& answer);
   void OnProperty(const xcb_property_notify_event_t& change);
@@ -55,6 +58,8 @@ class AdversaryWindow {
   std::string m_collected;
   std::map<std::string, std::string> m_forms;
   std::optional<std::chrono::steady_clock::time_point> m_copyAt;
+  using Due = std::chrono::steady_clock::time_point;
+  std::deque<std::pair<Due, xcb_selection_request_event_t>> m_lateAnswers;
 };
 
 }  // namespace quill::x11_test
