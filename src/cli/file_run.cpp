@@ -26,9 +26,9 @@ void Dispatch(shell::NSOneNoteMain& bridge, std::int64_t number, std::int64_t in
 }  // namespace
 
 FileOutcome RunOnFile(const Call& call, std::int64_t number, std::int64_t int1, std::string_view str3,
-                      const FileInput& input, const platform::Clock& clock) {
+                      FileInput input, const platform::Clock& clock) {
   shell::Globals globals = shell::OpenGlobals(call.root, clock);
-  Recording desktop({input.html, input.text, std::nullopt});
+  Recording desktop({std::move(input.html), std::move(input.text), std::nullopt});
   if (input.title) desktop.SetPageTitle(*input.title);
   if (input.file) desktop.AnswerSavePanel(*input.file);
   shell::Explain explain = MakeExplain(call);

@@ -30,7 +30,7 @@ struct FileOutcome {
 /// Runs one numbered command on files, in memory, with this user's settings. Stops with `kWrongCall` for a
 /// number that no command has.
 FileOutcome RunOnFile(const Call& call, std::int64_t number, std::int64_t int1, std::string_view str3,
-                      const FileInput& input, const platform::Clock& clock);
+                      FileInput input, const platform::Clock& clock);
 
 /// What goes to standard output for a paste or a clipboard result; `bareFragment` leaves the document
 /// around the fragment out.

@@ -24,6 +24,14 @@ class TextSink {
     std::memcpy(m_out.data() + m_size, text.data(), text.size());
     m_size += text.size();
   }
+  /// For short texts of unknown length, which are copied before they could have been measured.
+  void AppendShort(const char* text) {
+    char* at = m_out.data() + m_size;
+    const char* const end = m_out.data() + m_out.size();
+    while (at != end && *text != '\0') *at++ = *text++;
+    m_size = static_cast<std::size_t>(at - m_out.data());
+    if (*text != '\0') Append(std::string_view(text));
+  }
   void Append(char c) {
     if (m_out.size() == m_size) Grow(1);
     m_out[m_size++] = c;

@@ -3,20 +3,12 @@
 #include <fmt/format.h>
 
 #include <cstring>
-#include <string_view>
 
 #include "content/xml_serializer.h"
 #include "content/xml_strictness.h"
 
 namespace quill::content {
 namespace {
-
-/// Whether there may be a processing instruction behind the declaration. The parser turns line ends into LF
-/// everywhere but in those.
-bool HasInstruction(std::string_view text) {
-  constexpr std::size_t kPastDeclaration = 2;
-  return text.find("<?", kPastDeclaration) != std::string_view::npos;
-}
 
 /// What XML asks of a reader: CR LF and a lone CR are LF before anything else is looked at.
 void NormalizeLineEnds(std::string& text) {
@@ -55,12 +47,14 @@ WorkingDocument& WorkingDocument::operator=(WorkingDocument&&) noexcept = defaul
 WorkingDocument::~WorkingDocument() = default;
 
 Result<WorkingDocument> WorkingDocument::Parse(std::string xml) {
-  if (const auto fault = FindXmlFault(xml)) {
+  const XmlCheck check = CheckXml(xml);
+  if (const auto& fault = check.fault) {
     return Failure{fmt::format("{} at byte {}", fault->what, fault->offset)};
   }
   auto state = std::make_unique<State>();
   state->text = std::move(xml);
-  if (HasInstruction(state->text)) NormalizeLineEnds(state->text);
+  // The parser turns line ends into LF everywhere but in processing instructions.
+  if (check.hasInstruction) NormalizeLineEnds(state->text);
   const pugi::xml_parse_result parsed = state->tree.load_buffer_inplace(
       state->text.data(), state->text.size(), kParseOptions, pugi::encoding_utf8);
   if (!parsed) return Failure{fmt::format("{} at byte {}", parsed.description(), parsed.offset)};

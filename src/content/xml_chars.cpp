@@ -30,8 +30,8 @@ bool IsIn(const Range (&ranges)[kCount], char32_t code) {
 
 enum NameClass : unsigned char { kNoName, kNameOther, kNameStart };
 
-constexpr std::array<NameClass, 128> MakeNameClasses() {
-  std::array<NameClass, 128> classes{};
+constexpr std::array<NameClass, 256> MakeNameClasses() {
+  std::array<NameClass, 256> classes{};
   for (std::size_t c = 'a'; c <= 'z'; ++c) classes[c] = classes[c - 32] = kNameStart;
   for (std::size_t c = '0'; c <= '9'; ++c) classes[c] = kNameOther;
   classes['-'] = classes['.'] = kNameOther;
@@ -39,7 +39,12 @@ constexpr std::array<NameClass, 128> MakeNameClasses() {
   return classes;
 }
 
-constexpr std::array<NameClass, 128> kNameClasses = MakeNameClasses();
+constexpr std::array<NameClass, 256> kNameClasses = MakeNameClasses();
+
+/// The class of a byte that is a character of its own; `kNoName` for the bytes of longer ones.
+NameClass ClassOfByte(char c) {
+  return kNameClasses[static_cast<unsigned char>(c)];
+}
 
 NameClass ClassOf(char32_t code) {
   if (code < 128) return kNameClasses[code];
@@ -55,10 +60,11 @@ bool IsPlain(char c) {
 std::size_t SkipPlain(std::string_view text, std::size_t at) {
   for (; text.size() - at >= sizeof(ByteLanes); at += sizeof(ByteLanes)) {
     const ByteLanes lanes = LoadLanes(text.data() + at);
-    const ByteLanes low = (ByteLanes)(lanes < 0x20);
+    // As signed numbers, the bytes beyond ASCII are below all others.
+    const ByteLanes special = (ByteLanes)((SignedLanes)lanes < 0x20);
     const ByteLanes white =
         (ByteLanes)(lanes == '\n') | (ByteLanes)(lanes == '\r') | (ByteLanes)(lanes == '\t');
-    const auto words = std::bit_cast<WordPair>((lanes & 0x80) | (low & ~white));
+    const auto words = (WordPair)(special & ~white);
     if ((words[0] | words[1]) != 0) return at + FirstSetByte(words);
   }
   while (at < text.size() && IsPlain(text[at])) ++at;
@@ -102,9 +108,7 @@ std::size_t FindNameEnd(std::string_view text, std::size_t from) {
   std::size_t at = from;
   NameClass least = kNameStart;
   for (;; least = kNameOther) {
-    const DecodedChar c = at < text.size() && static_cast<unsigned char>(text[at]) < 128
-                              ? DecodedChar{static_cast<unsigned char>(text[at]), 1}
-                              : DecodeUtf8(text, at);
+    const DecodedChar c = DecodeUtf8(text, at);
     if (c.length == 0 || ClassOf(c.code) < least) return at;
     at += c.length;
   }
@@ -118,6 +122,18 @@ bool IsQualifiedName(std::string_view name) {
   const std::string_view middle = name.substr(first + 1, second - first - 1);
   const bool middleIsName = !middle.empty() && FindNameEnd(middle, 0) == middle.size();
   return !middleIsName || FindNameEnd(name, second + 1) > second + 1;
+}
+
+std::size_t FindQualifiedNameEnd(std::string_view text, std::size_t from) {
+  if (from >= text.size()) return from;
+  std::size_t at = from;
+  if (ClassOfByte(text[at]) == kNameStart) {
+    while (at < text.size() && ClassOfByte(text[at]) != kNoName && text[at] != ':') ++at;
+  }
+  const bool isSimple = at == text.size() || (text[at] != ':' && static_cast<unsigned char>(text[at]) < 0x80);
+  if (isSimple) return at;
+  const std::size_t end = FindNameEnd(text, from);
+  return IsQualifiedName(text.substr(from, end - from)) ? end : from;
 }
 
 }  // namespace quill::content

@@ -55,24 +55,24 @@ void AppendAttributes(TextSink& out, pugi::xml_node node) {
   for (pugi::xml_attribute attribute = node.first_attribute(); !attribute.empty();
        attribute = attribute.next_attribute()) {
     out.Append(' ');
-    out.Append(attribute.name());
+    out.AppendShort(attribute.name());
     out.Append("=\"");
     AppendEscaped<'&', '<', '"', '\t', '\n', '\r'>(out, attribute.value());
     out.Append('"');
   }
 }
 
-void AppendEndTag(TextSink& out, std::string_view name) {
+void AppendEndTag(TextSink& out, const char* name) {
   out.Append("</");
-  out.Append(name);
+  out.AppendShort(name);
   out.Append('>');
 }
 
 /// The start tag, and the end as well when there is nothing between.
 void AppendElement(TextSink& out, pugi::xml_node node, bool isEmpty) {
-  const std::string_view name = node.name();
+  const char* const name = node.name();
   out.Append('<');
-  out.Append(name);
+  out.AppendShort(name);
   AppendAttributes(out, node);
   if (isEmpty && IsVoid(name)) {
     out.Append("/>");

@@ -23,9 +23,9 @@ class XmlChecker {
  public:
   explicit XmlChecker(string_view xml) : m_text(xml), m_scanner(xml) {}
 
-  std::optional<XmlFault> Run() {
+  XmlCheck Run() {
     Document();
-    return m_fault;
+    return m_check;
   }
 
  private:
@@ -45,13 +45,20 @@ class XmlChecker {
   bool ProcessingInstruction();
 
   bool Fault(string_view what, std::size_t offset) {
-    m_fault = XmlFault{what, std::min(offset, m_text.size())};
+    m_check.fault = XmlFault{what, std::min(offset, m_text.size())};
     return false;
   }
   /// The byte at `at`, 0 past the end (the text itself holds no zero byte).
   char Peek(std::size_t at) const { return at < m_text.size() ? m_text[at] : '\0'; }
   bool HasAt(std::size_t at, string_view prefix) const {
     return m_text.size() - at >= prefix.size() && m_text.compare(at, prefix.size(), prefix) == 0;
+  }
+  /// The same for names, which are too short for the call that comparing texts takes.
+  bool HasNameAt(std::size_t at, string_view name) const {
+    if (m_text.size() - at < name.size()) return false;
+    std::size_t same = 0;
+    while (same < name.size() && m_text[at + same] == name[same]) ++same;
+    return same == name.size();
   }
   void SkipSpace() {
     while (IsXmlSpace(Peek(m_at))) ++m_at;
@@ -62,7 +69,7 @@ class XmlChecker {
   std::size_t m_at = 0;
   std::vector<string_view> m_open;
   std::vector<string_view> m_attributes;
-  std::optional<XmlFault> m_fault;
+  XmlCheck m_check;
 };
 
 bool XmlChecker::Document() {
@@ -133,9 +140,9 @@ bool XmlChecker::Markup() {
 }
 
 bool XmlChecker::StartTag() {
-  const std::size_t end = FindNameEnd(m_text, m_at + 1);
+  const std::size_t end = FindQualifiedNameEnd(m_text, m_at + 1);
   const string_view name = m_text.substr(m_at + 1, end - m_at - 1);
-  if (name.empty() || !IsQualifiedName(name)) return Fault("a \"<\" without an element name", m_at);
+  if (name.empty()) return Fault("a \"<\" without an element name", m_at);
   if (m_open.size() >= kMaxElementDepth) return Fault("elements nested too deeply", m_at);
   m_at = end;
   m_attributes.clear();
@@ -157,9 +164,9 @@ bool XmlChecker::StartTag() {
 }
 
 bool XmlChecker::Attribute() {
-  const std::size_t end = FindNameEnd(m_text, m_at);
+  const std::size_t end = FindQualifiedNameEnd(m_text, m_at);
   const string_view name = m_text.substr(m_at, end - m_at);
-  if (name.empty() || !IsQualifiedName(name)) return Fault("a malformed attribute name", m_at);
+  if (name.empty()) return Fault("a malformed attribute name", m_at);
   m_attributes.push_back(name);
   m_at = end;
   SkipSpace();
@@ -190,13 +197,13 @@ bool XmlChecker::AttributeValue() {
 }
 
 bool XmlChecker::NoDuplicates() {
-  return !HasDuplicates(m_attributes) || Fault("an attribute given twice", m_at);
+  return m_attributes.size() < 2 || !HasDuplicates(m_attributes) || Fault("an attribute given twice", m_at);
 }
 
 bool XmlChecker::EndTag() {
   const string_view name = m_open.back();
   const std::size_t begin = m_at;
-  if (!HasAt(m_at + 2, name)) return Fault("an end tag that does not match", begin);
+  if (!HasNameAt(m_at + 2, name)) return Fault("an end tag that does not match", begin);
   m_at += 2 + name.size();
   SkipSpace();
   if (Peek(m_at) != '>') return Fault("an end tag that does not match", begin);
@@ -262,12 +269,17 @@ bool XmlChecker::ProcessingInstruction() {
     return Fault("a malformed processing instruction", m_at);
   }
   m_at = end + 2;
+  m_check.hasInstruction = true;
   return true;
 }
 
 }  // namespace
 
 std::optional<XmlFault> FindXmlFault(std::string_view xml) {
+  return CheckXml(xml).fault;
+}
+
+XmlCheck CheckXml(std::string_view xml) {
   return XmlChecker(xml).Run();
 }
 

@@ -29,4 +29,12 @@ struct XmlFault {
 /// Without recursion, O(xml); O(n log n) in attributes of one element that were chosen to collide.
 std::optional<XmlFault> FindXmlFault(std::string_view xml);
 
+/// The fault, and what else was noticed on the way to it or to the end.
+struct XmlCheck {
+  std::optional<XmlFault> fault;
+  bool hasInstruction = false;  ///< a processing instruction other than the XML declaration
+};
+
+XmlCheck CheckXml(std::string_view xml);
+
 }  // namespace quill::content

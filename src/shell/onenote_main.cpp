@@ -38,7 +38,7 @@ std::int64_t NSOneNoteMain::Run(std::int64_t command) {
 
 std::int64_t NSOneNoteMain::Run_(std::int64_t command) {
   const TransformRow* row = FindTransform(command);
-  const std::string html = m_bridge.CopySelectionHtml();
+  std::string html = m_bridge.CopySelectionHtml();
   std::string fragment;
   TransformContext context{m_services, m_globals, m_bridge, command, html, fragment, nullptr};
   if (html.empty()) {
@@ -53,34 +53,44 @@ std::int64_t NSOneNoteMain::Run_(std::int64_t command) {
   const content::FragmentParts parts = content::CutFragment(html);
   m_globals.FragmentHead = parts.head;
   m_globals.FragmentTail = parts.tail;
-  fragment = parts.fragment;
   if (row == nullptr) return 0;
-
   if (row->input == TransformInput::Document) {
-    Result<content::WorkingDocument> document = [&] {
-      const Explain::Scope scope(m_services.explain, "parse");
-      return content::WorkingDocument::Parse(content::HtmlToXml(fragment));
-    }();
-    if (!document.ok()) {
-      m_services.explain.Note(fmt::format("not well-formed: {}", document.error()));
-      m_bridge.ShowMessage("Xml error!");
-      return 0;
-    }
-    context.document = &*document;
-    m_operationResult = row->run(context);
-    if (*m_operationResult > 0 && row->pasteBack == PasteBack::WhenPositive) {
-      fragment = content::XmlToHtml(document->Xml());
-    }
+    std::string xml = content::HtmlToXml(parts.fragment);
+    context.whole = {};
+    html = {};  // as large as the selection, and not needed any more
+    if (!RunOnDocument(*row, context, std::move(xml))) return 0;
   } else {
+    fragment = parts.fragment;
     m_operationResult = row->run(context);
   }
 
   m_services.explain.Note(fmt::format("{} returned {}", row->operation, *m_operationResult));
-  if (*m_operationResult > 0 && row->pasteBack == PasteBack::WhenPositive) {
+  if (IsPastedBack(*row)) {
     m_bridge.PasteHtml(content::JoinFragment(m_globals.FragmentHead, fragment, m_globals.FragmentTail),
                        PasteMode::ReplaceSelection);
   }
   return 0;
+}
+
+bool NSOneNoteMain::RunOnDocument(const TransformRow& row, TransformContext& context, std::string xml) {
+  Result<content::WorkingDocument> document = [&] {
+    const Explain::Scope scope(m_services.explain, "parse");
+    return content::WorkingDocument::Parse(std::move(xml));
+  }();
+  if (!document.ok()) {
+    m_services.explain.Note(fmt::format("not well-formed: {}", document.error()));
+    m_bridge.ShowMessage("Xml error!");
+    return false;
+  }
+  context.document = &*document;
+  m_operationResult = row.run(context);
+  context.document = nullptr;
+  if (IsPastedBack(row)) context.fragment = content::XmlToHtml(document->Xml());
+  return true;
+}
+
+bool NSOneNoteMain::IsPastedBack(const TransformRow& row) const {
+  return m_operationResult.value_or(0) > 0 && row.pasteBack == PasteBack::WhenPositive;
 }
 
 std::int64_t NSOneNoteMain::RunInsert(std::int64_t command, std::int64_t int1, std::int64_t int2,

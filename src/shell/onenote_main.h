@@ -10,6 +10,9 @@
 
 namespace quill::shell {
 
+struct TransformContext;
+struct TransformRow;
+
 /// The desktop bridge: runs numbered commands on what is selected in the other application. One object
 /// serves one command, on the command thread; the operations' result is 0 = done.
 class NSOneNoteMain {
@@ -51,6 +54,10 @@ class NSOneNoteMain {
 
  private:
   std::int64_t Run_(std::int64_t command);
+  /// Parses, runs the transform and leaves the changed fragment in the context. False, message shown, when
+  /// the text is not well-formed.
+  bool RunOnDocument(const TransformRow& row, TransformContext& context, std::string xml);
+  bool IsPastedBack(const TransformRow& row) const;
   std::int64_t RunInsert_(std::int64_t command, std::int64_t int1, std::int64_t int2, std::string_view str3);
   std::optional<std::string> InsertedContent(std::int64_t command, std::int64_t int1, std::string_view str3);
 

@@ -116,10 +116,22 @@ TEST(WorkingDocument, WritesWhatSurvivesAnHtmlPaste) {
       {"<p a='&quot;&lt;&gt;&amp;&#10;&#13;&#9;' b=\"'\r\n\"/>",
        "<p a=\"&quot;&lt;>&amp;&#10;&#13;&#9;\" b=\"' \"></p>"},
       {"<!-- a & b --><![CDATA[<p> & ]]><?php  x ?><?y?>", "<!-- a & b --><![CDATA[<p> & ]]><?php x ?><?y?>"},
+      {"<?a b\r\nc\rd?>", "<?a b\nc\nd?>"},
       {"<o:p xmlns:o='u'> </o:p>  ", "<o:p xmlns:o=\"u\"> </o:p>  "},
       {"&#160;&#233;&#x1F600;", "&nbsp;\xC3\xA9\xF0\x9F\x98\x80"},
   };
   for (const auto& [content, expected] : cases) EXPECT_EQ(Rewritten(content), expected);
+}
+
+// A command may give names that are longer than all that was parsed: the text must grow in their middle.
+TEST(WorkingDocument, WritesNamesBeyondTheExpectedSize) {
+  auto document = WorkingDocument::Parse("<a/>");
+  ASSERT_TRUE(document.ok());
+  for (std::size_t length = 1; length < 200; ++length) {
+    const std::string name(length, 'x');
+    document->Root().set_name(name.c_str());
+    EXPECT_EQ(document->Xml(), "<?xml version=\"1.0\"?><" + name + "></" + name + ">");
+  }
 }
 
 // Commands keep nodes while the document changes hands.
