@@ -28,7 +28,7 @@ class NoDesktop final : public Desktop, public Pasteboard {
   ScriptResult RunScript(std::string_view) override { return {m_problem, {}}; }
   bool ApplicationInstalled(std::string_view) override { return false; }
   bool OneNoteRunning() override { return false; }
-  std::int64_t IdleSeconds() override { return -1; }
+  std::int64_t GetIdleSeconds() override { return -1; }
 
   void Clear() override {}
   bool WaitForNewContents(std::chrono::milliseconds) override { return false; }

@@ -50,7 +50,7 @@ class Desktop {
   virtual bool OneNoteRunning() = 0;
 
   /// Whole seconds since the user's last key or pointer event; −1 when the system does not tell.
-  virtual std::int64_t IdleSeconds() = 0;
+  virtual std::int64_t GetIdleSeconds() = 0;
 };
 
 }  // namespace quill::platform

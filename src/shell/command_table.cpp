@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "shell/not_built_yet.h"
 #include "shell/onenote_main.h"
 #include "shell/transform_table.h"
 
@@ -196,7 +197,7 @@ std::vector<std::string> NearestActions(std::string_view name, std::size_t most)
 }
 
 void NotBuiltYet(CommandContext& context, const CommandRow&) {
-  context.services.ui.ShowMessage(context.services.strings.Text("msgNotBuiltYet"));
+  SayNotBuiltYet(context.services);
 }
 
 bool IsNotBuiltYet(const CommandRow& row) {

@@ -46,7 +46,7 @@ std::int64_t ExportLog(TransformContext& context) {
 std::int64_t SaveAsHtml(TransformContext& context) {
   const auto file = AskSavePath(context, "titleSaveAsHtmlFile", "", "htm");
   if (!file) return 0;
-  SaveImagesBeside(context.document->Root(), *file, [&](std::string_view problem) {
+  SaveAsHtml_SaveImage(context.document->Root(), *file, [&](std::string_view problem) {
     context.services.log.Write(fmt::format("error: {}", problem));
   });
   const std::string html = content::XmlToHtml(context.document->Xml());

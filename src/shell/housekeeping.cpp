@@ -46,7 +46,7 @@ void Housekeeping::Tick() {
       std::any_of(m_jobs.begin(), m_jobs.end(), [](const Job& job) { return static_cast<bool>(job.run); });
   if (m_ticking || !idleMatters) return;
   const Raised ticking(m_ticking);
-  const std::int64_t idle = m_desktop.IdleSeconds();
+  const std::int64_t idle = m_desktop.GetIdleSeconds();
   for (const Job& job : m_jobs) {
     if (idle < job.minIdleSeconds) return;  // the later jobs need more
     if (job.run && job.enabled(m_globals.settings)) job.run(m_globals, m_clock.Now());

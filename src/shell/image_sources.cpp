@@ -86,7 +86,7 @@ bool WritePicture(const fs::path& file, std::string_view bytes, const ImageProbl
 
 }  // namespace
 
-void SaveImagesBeside(pugi::xml_node element, const fs::path& page, const ImageProblem& problem) {
+void SaveAsHtml_SaveImage(pugi::xml_node element, const fs::path& page, const ImageProblem& problem) {
   if (!HasImages(element)) return;
   const std::string folderName = page.stem().string() + "_files";
   const fs::path folder = page.parent_path() / folderName;

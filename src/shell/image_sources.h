@@ -14,7 +14,8 @@ using ImageProblem = std::function<void(std::string_view)>;
 /// "<name of `page` without extension>_files" beside `page`, and sets the source to the relative path.
 /// The folder is made when there is an `img`. Only regular files of at most 256 MiB that begin like a
 /// picture are copied: a page from elsewhere must not carry other files away.
-void SaveImagesBeside(pugi::xml_node element, const std::filesystem::path& page, const ImageProblem& problem);
+void SaveAsHtml_SaveImage(pugi::xml_node element, const std::filesystem::path& page,
+                          const ImageProblem& problem);
 
 /// Puts the files behind "file:///" sources below `element` into the sources as
 /// "data:image/<extension>;base64,…". What is not a readable picture keeps its source.

@@ -2,10 +2,13 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "content/html_normalizer.h"
 #include "content/strip_tags.h"
 #include "content/text_between.h"
 #include "content/working_document.h"
+#include "shell/not_built_yet.h"
 #include "shell/page_title_tag.h"
 #include "shell/transform_table.h"
 #include "tools/date_text.h"
@@ -101,15 +104,16 @@ std::int64_t NSOneNoteMain::RunInsert(std::int64_t command, std::int64_t int1, s
 
 std::optional<std::string> NSOneNoteMain::InsertedContent(std::int64_t command, std::int64_t int1,
                                                           std::string_view str3) {
+  if (std::find(kInsertsNotBuiltYet.begin(), kInsertsNotBuiltYet.end(), command) !=
+      kInsertsNotBuiltYet.end()) {
+    SayNotBuiltYet(m_services);
+    return std::nullopt;
+  }
   const Settings& settings = m_globals.settings;
   switch (command) {
     case 20:
       return tools::GetDateTimeStr(static_cast<tools::DateTimeKind>(int1), settings.DateFormat,
                                    settings.TimeFormat, m_services.clock.Now());
-    case 21:
-    case 22:
-      m_bridge.ShowMessage(m_services.strings.Text("msgNotBuiltYet"));
-      return std::nullopt;
     case 23:
       return std::string(str3);
     default:

@@ -1,6 +1,7 @@
 #include "shell/transform_table.h"
 
 #include "shell/exports.h"
+#include "shell/not_built_yet.h"
 #include "tools/letter_case.h"
 
 namespace quill::shell {
@@ -10,8 +11,8 @@ std::int64_t ChangeCaseOfSelection(TransformContext& context) {
   return tools::ChangeCase(context.document->tree(), static_cast<tools::CaseType>(context.command));
 }
 
-void SayNotBuiltYet(TransformContext& context) {
-  TransformNotBuiltYet(context);
+void NothingCopiedNotBuiltYet(TransformContext& context) {
+  SayNotBuiltYet(context.services);
 }
 
 using enum TransformInput;
@@ -30,8 +31,8 @@ constexpr TransformRow kTransforms[] = {
     {10, "WordCount", Document, Never, TransformNotBuiltYet},
     {11, "OpenLocalLink", Fragment, Never, TransformNotBuiltYet},
     {12, "OpenCloudFileAttachmentLink", Fragment, Never, TransformNotBuiltYet},
-    {13, "ImageCrop", Document, Never, TransformNotBuiltYet, SayNotBuiltYet},
-    {14, "OpenPicture", Document, Never, TransformNotBuiltYet, SayNotBuiltYet},
+    {13, "ImageCrop", Document, Never, TransformNotBuiltYet, NothingCopiedNotBuiltYet},
+    {14, "OpenPicture", Document, Never, TransformNotBuiltYet, NothingCopiedNotBuiltYet},
     {15, "ChangeTableStyle", Document, WhenPositive, TransformNotBuiltYet},
     {16, "WordCount", Document, Never, TransformNotBuiltYet},
     {17, "Table2Text", Document, WhenPositive, TransformNotBuiltYet},
@@ -40,7 +41,7 @@ constexpr TransformRow kTransforms[] = {
     {10001, "ExportLog", Whole, WhenPositive, ExportLog},
     {10002, "InsertPhonetics", Fragment, WhenPositive, TransformNotBuiltYet},
     // The link's text and target are in the selection itself, not in the head around it.
-    {10003, "VarLink", Fragment, Never, TransformNotBuiltYet, SayNotBuiltYet},
+    {10003, "VarLink", Fragment, Never, TransformNotBuiltYet, NothingCopiedNotBuiltYet},
 };
 
 }  // namespace
@@ -57,7 +58,7 @@ const TransformRow* FindTransform(std::int64_t number) {
 }
 
 std::int64_t TransformNotBuiltYet(TransformContext& context) {
-  context.bridge.ShowMessage(context.services.strings.Text("msgNotBuiltYet"));
+  SayNotBuiltYet(context.services);
   return 0;
 }
 

@@ -24,9 +24,9 @@ class IdleSource final : public platform::Desktop {
     platform::Desktop* desktop = m_find();
     return desktop != nullptr && desktop->OneNoteRunning();
   }
-  std::int64_t IdleSeconds() override {
+  std::int64_t GetIdleSeconds() override {
     platform::Desktop* desktop = m_find();
-    return desktop != nullptr ? desktop->IdleSeconds() : -1;
+    return desktop != nullptr ? desktop->GetIdleSeconds() : -1;
   }
 
  private:
@@ -48,7 +48,8 @@ struct Backends::State {
     NativeBackend* opened = Native();
     return opened != nullptr ? &opened->desktop() : nullptr;
   }};
-  platform::practice::PracticeDesktop practiceDesktop{practice, [this] { return idleSource.IdleSeconds(); }};
+  platform::practice::PracticeDesktop practiceDesktop{practice,
+                                                      [this] { return idleSource.GetIdleSeconds(); }};
 
   /// The native backend, or null where there is none; tried again at each call, for a display may come back.
   NativeBackend* Native() {

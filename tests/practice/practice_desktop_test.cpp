@@ -87,8 +87,8 @@ TEST(PracticeDesktop, StandsForOneNoteOnly) {
   EXPECT_FALSE(desktop.OneNoteRunning());
   target.open = true;
   EXPECT_TRUE(desktop.OneNoteRunning());
-  EXPECT_EQ(desktop.IdleSeconds(), 7);
-  EXPECT_EQ(PracticeDesktop(target).IdleSeconds(), -1);
+  EXPECT_EQ(desktop.GetIdleSeconds(), 7);
+  EXPECT_EQ(PracticeDesktop(target).GetIdleSeconds(), -1);
 }
 
 }  // namespace

@@ -8,6 +8,8 @@
 #include "base/atomic_file.h"
 #include "shell/command_table.h"
 #include "shell/command_world.h"
+#include "shell/image_sources.h"
+#include "shell/not_built_yet.h"
 #include "shell/transform_table.h"
 
 namespace quill::shell {
@@ -270,6 +272,23 @@ TEST_F(Exports, SaveAsHtmlTakesPicturesAlong) {
   EXPECT_FALSE(std::filesystem::exists(m_folder / "page_files" / "secret.txt"));
 }
 
+// A template carries its pictures inside; what is no picture, or is not there, keeps its source.
+TEST_F(Exports, PicturesGoIntoTheirSources) {
+  std::ofstream(m_folder / "a.PNG") << std::string("\x89PNG", 4);
+  std::ofstream(m_folder / "secret.png") << "not a picture";
+  const std::string folder = "file://" + m_folder.string();
+  auto document = content::WorkingDocument::Parse(
+      "<quillText><p><img src=\"" + folder + "/a.PNG\"/></p><img src=\"" + folder +
+      "/secret.png\"/><img src=\"" + folder + "/gone.png\"/></quillText>");
+  ASSERT_TRUE(document.ok());
+  std::vector<std::string> problems;
+  ConverImages2Base64(document->Root(), [&](std::string_view problem) { problems.emplace_back(problem); });
+  EXPECT_EQ(problems.size(), 2u);
+  const std::string xml = document->Xml();
+  EXPECT_NE(xml.find("src=\"data:image/PNG;base64,iVBORw==\""), std::string::npos) << xml;
+  EXPECT_NE(xml.find("secret.png"), std::string::npos);
+}
+
 // A cancelled panel writes nothing; a file that cannot be written is told.
 TEST_F(Exports, CancelledAndFailedSaves) {
   CommandWorld cancelled(Copied("<p>a</p>"));
@@ -309,6 +328,12 @@ TEST(CommandTable, CountsWhatIsNotBuiltYet) {
   for (const TransformRow& row : TransformTable()) transforms += row.run == TransformNotBuiltYet ? 1 : 0;
   EXPECT_EQ(actions, 56);
   EXPECT_EQ(transforms, 14);
+  EXPECT_EQ(kInsertsNotBuiltYet.size(), 2u);
+  for (const std::int64_t command : kInsertsNotBuiltYet) {
+    CommandWorld world;
+    NSOneNoteMain(world.services, world.globals).RunInsert(command, 2026, 11, "");
+    EXPECT_EQ(world.recording.transcript(), "message " + std::string(world.strings.Text("msgNotBuiltYet")));
+  }
 }
 
 // Every action has a title in the table of texts, a name of its own, and a hot key of its own if any.

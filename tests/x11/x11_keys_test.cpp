@@ -73,7 +73,7 @@ TEST_F(X11KeysTest, TellsHeldModifiersFromLocks) {
   EXPECT_EQ(keys.HeldModifiers(), std::vector<std::string>{"Alt"});
   world.Release(kAlt);
   EXPECT_TRUE(keys.HeldModifiers().empty());
-  EXPECT_EQ(platform::x11::IdleSeconds(world.connection()), 0);
+  EXPECT_EQ(platform::x11::GetIdleSeconds(world.connection()), 0);
 }
 
 // A hot key works whatever the lock keys' state, and after the user has changed the keyboard layout.

@@ -10,7 +10,7 @@ class MacDesktop final : public Desktop {
   bool ApplicationInstalled(std::string_view bundlePath) override;
   bool OneNoteRunning() override;
   /// Reads 7 % low: a second is taken as 2^30 ns.
-  std::int64_t IdleSeconds() override;
+  std::int64_t GetIdleSeconds() override;
 };
 
 }  // namespace quill::platform::mac

@@ -49,7 +49,7 @@ bool MacDesktop::OneNoteRunning() {
   return mac::OneNoteRunning();
 }
 
-std::int64_t MacDesktop::IdleSeconds() {
+std::int64_t MacDesktop::GetIdleSeconds() {
   const std::optional<std::int64_t> nanoseconds = IdleNanoseconds();
   return nanoseconds ? *nanoseconds >> 30 : -1;
 }

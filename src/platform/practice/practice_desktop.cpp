@@ -81,7 +81,7 @@ bool PracticeDesktop::OneNoteRunning() {
   return m_target.IsOpen();
 }
 
-std::int64_t PracticeDesktop::IdleSeconds() {
+std::int64_t PracticeDesktop::GetIdleSeconds() {
   return m_idleSeconds ? m_idleSeconds() : -1;
 }
 

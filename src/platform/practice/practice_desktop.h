@@ -20,7 +20,7 @@ class PracticeDesktop final : public Desktop {
   /// Only OneNote is installed here; the notebook is it.
   bool ApplicationInstalled(std::string_view bundlePath) override;
   bool OneNoteRunning() override;
-  std::int64_t IdleSeconds() override;
+  std::int64_t GetIdleSeconds() override;
 
  private:
   ScriptResult Perform(const script::Step& step);

@@ -65,7 +65,7 @@ class Recording final : public Desktop, public Pasteboard, public UserInterface 
   ScriptResult RunScript(std::string_view script) override;
   bool ApplicationInstalled(std::string_view bundlePath) override;
   bool OneNoteRunning() override { return true; }
-  std::int64_t IdleSeconds() override { return m_idleSeconds; }
+  std::int64_t GetIdleSeconds() override { return m_idleSeconds; }
 
   // Pasteboard
   void Clear() override;

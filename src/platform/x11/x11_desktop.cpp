@@ -26,8 +26,8 @@ bool X11Desktop::OneNoteRunning() {
   return FindWindow(m_world.connection, m_world.targetPattern()) != XCB_NONE;
 }
 
-std::int64_t X11Desktop::IdleSeconds() {
-  return x11::IdleSeconds(m_world.connection);
+std::int64_t X11Desktop::GetIdleSeconds() {
+  return x11::GetIdleSeconds(m_world.connection);
 }
 
 bool X11Desktop::TargetIsActive() const {

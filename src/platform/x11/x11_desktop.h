@@ -14,7 +14,7 @@ class X11Desktop final : public Desktop {
   ScriptResult RunScript(std::string_view script) override;
   bool ApplicationInstalled(std::string_view bundlePath) override;
   bool OneNoteRunning() override;
-  std::int64_t IdleSeconds() override;
+  std::int64_t GetIdleSeconds() override;
 
   /// True while OneNote's window is the active one.
   bool TargetIsActive() const;

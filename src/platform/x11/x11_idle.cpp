@@ -4,7 +4,7 @@
 
 namespace quill::platform::x11 {
 
-std::int64_t IdleSeconds(const X11Connection& connection) {
+std::int64_t GetIdleSeconds(const X11Connection& connection) {
   xcb_connection_t* c = connection.get();
   const xcb_query_extension_reply_t* extension = xcb_get_extension_data(c, &xcb_screensaver_id);
   if (!extension || !extension->present) return -1;
