@@ -85,7 +85,13 @@ Outcome Application::Execute(const RunRequest& request) {
                     explain,          m_parts.log};
   const NotesOf notes(backend, explain);
   CommandContext context{services, m_parts.globals, request.argument.value_or(request.row->argument)};
-  request.row->handler(context, *request.row);
+  try {
+    request.row->handler(context, *request.row);
+  } catch (
+      const std::exception& problem) {  // out of memory, say: the next command must still find a free thread
+    m_parts.log.Write(std::string("error: ").append(problem.what()));
+    ui.ShowMessage(m_parts.strings.Format("errUnexpected", {problem.what()}));
+  }
   return outcome;
 }
 

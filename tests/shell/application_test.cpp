@@ -1,0 +1,70 @@
+#include "shell/application.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+
+#include "shell/command_world.h"
+
+namespace quill::shell {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+/// The program around a recorded desktop.
+struct ApplicationWorld {
+  ApplicationWorld() : world(test::Copied("<p>abc</p>")) {}
+
+  nlohmann::json Answer(std::string_view request) {
+    return nlohmann::json::parse(application.Answer(request));
+  }
+
+  test::CommandWorld world;
+  Application application{
+      Application::Parts{world.globals, world.strings, world.clock, world.recording,
+                         [this] {
+                           return platform::Backend{"recording", &world.recording, &world.recording, nullptr};
+                         },
+                         world.recording, world.log}};
+};
+
+// Other processes of the user may send anything; each request gets one line that says what happened.
+TEST(Application, AnswersRequests) {
+  ApplicationWorld world;
+  EXPECT_EQ(world.Answer(R"({"ping":true})")["ok"], true);
+  const nlohmann::json done = world.Answer(R"({"trigger":"UpperCase","explain":true})");
+  EXPECT_EQ(done["ok"], true);
+  EXPECT_THAT(done["steps"].dump(), HasSubstr("target: recording"));
+  EXPECT_EQ(world.world.PastedFragment(), "<p>ABC</p>");
+  EXPECT_EQ(world.Answer(R"({"trigger":3})")["action"], "MenuItemUpperCaseClick");
+  for (const char* wrong : {"", "null", "[]", "{", R"({"trigger":null})", R"({"trigger":"NoSuch"})",
+                            R"({"trigger":3.5})", R"({"trigger":[1]})", "{\"trigger\":\"\xFF\"}"}) {
+    const nlohmann::json answer = world.Answer(wrong);
+    EXPECT_EQ(answer["ok"], false) << wrong;
+    EXPECT_TRUE(answer.contains("error")) << wrong;
+  }
+}
+
+// Whatever happens inside a command, the user is told and the next command runs.
+TEST(Application, SurvivesACommandThatThrows) {
+  ApplicationWorld world;
+  const CommandRow broken = {
+      "Broken",
+      CommandGroup::Text,
+      0,
+      0,
+      "menuUpperCase",
+      0,
+      Needs::Nothing,
+      [](CommandContext&, const CommandRow&) { throw std::runtime_error("no more memory"); }};
+  EXPECT_THAT(world.application.RunAndWait({&broken, {}, true, false}).messages,
+              ElementsAre(HasSubstr("no more memory")));
+  EXPECT_TRUE(world.application.RunAndWait({FindCommand("UpperCase"), {}, true, false}).ran);
+  EXPECT_EQ(world.world.PastedFragment(), "<p>ABC</p>");
+}
+
+}  // namespace
+}  // namespace quill::shell
