@@ -87,8 +87,8 @@ Outcome Application::Execute(const RunRequest& request) {
   CommandContext context{services, m_parts.globals, request.argument.value_or(request.row->argument)};
   try {
     request.row->handler(context, *request.row);
-  } catch (
-      const std::exception& problem) {  // out of memory, say: the next command must still find a free thread
+  } catch (const std::exception& problem) {
+    // Out of memory, say: the next command must still find a free thread.
     m_parts.log.Write(std::string("error: ").append(problem.what()));
     ui.ShowMessage(m_parts.strings.Format("errUnexpected", {problem.what()}));
   }

@@ -60,7 +60,7 @@ std::int64_t NSOneNoteMain::Run_(std::int64_t command) {
   if (row->input == TransformInput::Document) {
     std::string xml = content::HtmlToXml(parts.fragment);
     context.whole = {};
-    html = {};  // as large as the selection, and not needed any more
+    std::string().swap(html);  // as large as the selection, and not needed any more
     if (!RunOnDocument(*row, context, std::move(xml))) return 0;
   } else {
     fragment = parts.fragment;

@@ -70,13 +70,7 @@ ChromiumWorld::ChromiumWorld(X11World& world, const std::string& body)
                            "--disable-features=Translate", "--password-store=basic", "--window-size=1000,700",
                            "--user-data-dir=" + m_profile.string(),
                            "http://127.0.0.1:" + std::to_string(port) + "/"});
-  const bool shown = Eventually(
-      [this] {
-        const std::lock_guard lock(m_page->mutex);
-        return m_page->ready;
-      },
-      60s);
-  EXPECT_TRUE(shown) << "Chromium did not show the page";
+  EXPECT_TRUE(WaitUntilReady(60s)) << "Chromium did not show the page";
 }
 
 ChromiumWorld::~ChromiumWorld() {
@@ -127,6 +121,15 @@ std::string ChromiumWorld::WaitForDom(const std::string& text, std::chrono::mill
   return seen;
 }
 
+bool ChromiumWorld::WaitUntilReady(std::chrono::milliseconds deadline) {
+  return Eventually(
+      [this] {
+        const std::lock_guard lock(m_page->mutex);
+        return m_page->ready;
+      },
+      deadline);
+}
+
 void ChromiumWorld::Reset(const std::string& body) {
   {
     const std::lock_guard lock(m_page->mutex);
@@ -135,13 +138,7 @@ void ChromiumWorld::Reset(const std::string& body) {
     m_page->next = body;
   }
   m_page->nextChanged.notify_all();
-  const bool shown = Eventually(
-      [this] {
-        const std::lock_guard lock(m_page->mutex);
-        return m_page->ready;
-      },
-      10s);
-  EXPECT_TRUE(shown) << "Chromium did not take the new content";
+  EXPECT_TRUE(WaitUntilReady(10s)) << "Chromium did not take the new content";
 }
 
 int ChromiumWorld::changes() const {

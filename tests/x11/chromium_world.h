@@ -32,6 +32,7 @@ class ChromiumWorld {
  private:
   struct Page;
   void Serve(const std::string& body);
+  bool WaitUntilReady(std::chrono::milliseconds deadline);
 
   std::unique_ptr<Page> m_page;
   std::unique_ptr<httplib::Server> m_server;
