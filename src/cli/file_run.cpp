@@ -33,7 +33,7 @@ FileOutcome RunOnFile(const Call& call, std::int64_t number, std::int64_t int1, 
   if (input.file) desktop.AnswerSavePanel(*input.file);
   shell::Explain explain = MakeExplain(call);
   shell::Log log;
-  shell::Services services{desktop, desktop, desktop, clock, call.strings, explain, log};
+  shell::Services services{desktop, desktop, desktop, desktop, clock, call.strings, explain, log};
   FileOutcome outcome;
   {
     shell::NSOneNoteMain bridge(services, globals);

@@ -31,7 +31,7 @@ PracticeWindow::PracticeWindow(PageStore store, LinkBase links, const shell::Str
       m_tree(new PageTree(strings)),
       m_status(new QLabel),
       m_clipboard(*m_view, m_store.Folder() / ".clipboard") {
-  setWindowTitle(ToQt(strings.Text("strPractice")));
+  setWindowTitle(ToQt(strings.Text("menuPracticeNotebook")));
   resize(1080, 720);
   auto* splitter = new QSplitter(this);
   splitter->addWidget(m_tree);

@@ -4,6 +4,8 @@
 #include <nlohmann/json.hpp>
 
 #include "platform/posix/memory_policy.h"
+#include "shell/url_handler.h"
+#include "shell/window_requests.h"
 
 namespace quill::shell {
 namespace {
@@ -21,6 +23,17 @@ class CollectingInterface final : public platform::UserInterface {
   std::optional<std::filesystem::path> AskSavePath(const platform::SavePanel& panel) override {
     return m_screen.AskSavePath(panel);
   }
+  std::vector<std::filesystem::path> AskOpenPaths(const platform::OpenPanel& panel) override {
+    return m_screen.AskOpenPaths(panel);
+  }
+  std::optional<std::string> AskText(const platform::TextQuestion& question) override {
+    return m_screen.AskText(question);
+  }
+  std::unique_ptr<platform::Progress> BeginProgress(std::string_view title) override {
+    return m_screen.BeginProgress(title);
+  }
+  void ShowWindow(std::any request) override { m_screen.ShowWindow(std::move(request)); }
+  std::any RunWindow(std::any request) override { return m_screen.RunWindow(std::move(request)); }
 
  private:
   platform::UserInterface& m_screen;
@@ -51,6 +64,12 @@ const CommandRow* RequestedRow(const nlohmann::json& action) {
   return nullptr;
 }
 
+std::string OutcomeLine(std::string_view action, const Outcome& outcome) {
+  const nlohmann::json answer = {
+      {"ok", outcome.ran}, {"action", action}, {"messages", outcome.messages}, {"steps", outcome.steps}};
+  return answer.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+}
+
 std::string ErrorLine(std::string_view text) {
   return nlohmann::json{{"ok", false}, {"error", text}}.dump(-1, ' ', false,
                                                              nlohmann::json::error_handler_t::replace);
@@ -67,26 +86,26 @@ Application::Application(Parts parts)
 
 Application::~Application() = default;
 
-Outcome Application::Execute(const RunRequest& request) {
+Outcome Application::Execute(const JobOptions& options, const Job& job) {
   Outcome outcome;
   outcome.ran = true;
   CollectingInterface collecting(m_parts.ui, outcome.messages);
   Explain explain;
-  if (request.explain) {
+  if (options.explain) {
     explain.SendStepsTo([&outcome](std::string_view line) { outcome.steps.emplace_back(line); });
     explain.SendTimingsTo([&outcome](std::string_view line) { outcome.steps.emplace_back(line); });
   }
   platform::UserInterface& ui =
-      request.messagesToCaller ? static_cast<platform::UserInterface&>(collecting) : m_parts.ui;
+      options.messagesToCaller ? static_cast<platform::UserInterface&>(collecting) : m_parts.ui;
   if (m_settingsWatch.Changed()) LoadSettings(m_parts.globals);
   const platform::Backend backend = m_parts.chooseBackend();
   explain.Note(std::string("target: ").append(backend.name));
-  Services services{*backend.desktop, *backend.pasteboard, ui, m_parts.clock, m_parts.strings,
-                    explain,          m_parts.log};
+  Services services{*backend.desktop, *backend.pasteboard, m_parts.workspace, ui,
+                    m_parts.clock,    m_parts.strings,     explain,           m_parts.log};
   const NotesOf notes(backend, explain);
-  CommandContext context{services, m_parts.globals, request.argument.value_or(request.row->argument)};
+  CommandContext context{services, m_parts.globals, options.argument};
   try {
-    request.row->handler(context, *request.row);
+    job(context);
   } catch (const std::exception& problem) {
     // Out of memory, say: the next command must still find a free thread.
     m_parts.log.Write(std::string("error: ").append(problem.what()));
@@ -95,13 +114,13 @@ Outcome Application::Execute(const RunRequest& request) {
   return outcome;
 }
 
-void Application::Run(const RunRequest& request, const std::function<void(Outcome)>& done) {
+void Application::Start(std::string name, JobOptions options, Job job,
+                        const std::function<void(Outcome)>& done) {
   auto outcome = std::make_shared<Outcome>();
-  const std::string title(m_parts.strings.Text(request.row->titleKey));
   const std::optional<std::string> busyWith = m_thread->TryRun(
-      title,
-      [this, request, outcome] {
-        *outcome = Execute(request);
+      std::move(name),
+      [this, options, job = std::move(job), outcome] {
+        *outcome = Execute(options, job);
         platform::ReturnFreedMemory();
       },
       [outcome, done] { done(std::move(*outcome)); });
@@ -110,6 +129,40 @@ void Application::Run(const RunRequest& request, const std::function<void(Outcom
     refused.messages.push_back(m_parts.strings.Format("msgBusy", {*busyWith}));
     done(std::move(refused));
   }
+}
+
+void Application::Run(const RunRequest& request, const std::function<void(Outcome)>& done) {
+  const CommandRow& row = *request.row;
+  if (row.handler == nullptr) {
+    row.window(m_parts.ui);
+    return done({true, {}, {}});
+  }
+  Start(
+      std::string(m_parts.strings.Text(row.titleKey)),
+      {request.argument.value_or(row.argument), request.messagesToCaller, request.explain},
+      [&row](CommandContext& context) { row.handler(context, row); }, done);
+}
+
+void Application::RunJob(std::string name, Job job, const std::function<void(Outcome)>& done) {
+  Start(std::move(name), {}, std::move(job), done);
+}
+
+void Application::Post(std::function<void(Globals&)> job) {
+  m_thread->Post([this, job = std::move(job)] { job(m_parts.globals); });
+}
+
+void Application::AskMenuState(std::function<void(const MenuState&)> done) {
+  m_thread->Post([this, done = std::move(done)] {
+    if (m_settingsWatch.Changed()) LoadSettings(m_parts.globals);
+    done(LookAtMenuState(*m_parts.chooseBackend().desktop, m_parts.globals));
+  });
+}
+
+void Application::OpenLink(std::string url, const std::function<void(Outcome)>& done) {
+  if (!IsVariableLink(url)) return done({true, {}, {}});
+  RunJob(
+      std::string(m_parts.strings.Text("menuVarLink")),
+      [url = std::move(url)](CommandContext& context) { ResponseClickOnVarLink(context, url); }, done);
 }
 
 Outcome Application::RunAndWait(const RunRequest& request) {
@@ -122,16 +175,22 @@ std::string Application::Answer(std::string_view requestLine) {
   const nlohmann::json request = nlohmann::json::parse(requestLine, nullptr, false);
   if (!request.is_object()) return ErrorLine("the request is not a JSON object");
   if (request.contains("ping")) return nlohmann::json{{"ok", true}}.dump();
-  if (!request.contains("trigger")) return ErrorLine("the request has neither \"trigger\" nor \"ping\"");
+  if (request.contains("url") && request["url"].is_string()) return AnswerUrl(request["url"]);
+  if (!request.contains("trigger")) return ErrorLine("the request has no \"trigger\", \"url\" or \"ping\"");
   const CommandRow* row = RequestedRow(request["trigger"]);
   if (row == nullptr) return ErrorLine("no such action");
   RunRequest run{row, std::nullopt, true, request.value("explain", nlohmann::json(false)) == true};
   if (request.contains("argument") && request["argument"].is_number_integer())
     run.argument = request["argument"].get<std::int64_t>();
-  const Outcome outcome = RunAndWait(run);
-  const nlohmann::json answer = {
-      {"ok", outcome.ran}, {"action", row->action}, {"messages", outcome.messages}, {"steps", outcome.steps}};
-  return answer.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+  return OutcomeLine(row->action, RunAndWait(run));
+}
+
+std::string Application::AnswerUrl(std::string url) {
+  // Nobody waits: the program that was started with the link ends as soon as it is handed over.
+  OpenLink(std::move(url), [this](const Outcome& outcome) {
+    if (!outcome.ran) m_parts.ui.ShowWindow(NoticeRequest{outcome.messages.front()});
+  });
+  return nlohmann::json{{"ok", true}}.dump();
 }
 
 }  // namespace quill::shell

@@ -11,10 +11,12 @@
 #include "platform/backend.h"
 #include "platform/clock.h"
 #include "platform/user_interface.h"
+#include "platform/workspace.h"
 #include "shell/command_table.h"
 #include "shell/command_thread.h"
 #include "shell/globals.h"
 #include "shell/housekeeping.h"
+#include "shell/menu_state.h"
 #include "shell/settings_watch.h"
 #include "shell/string_table.h"
 
@@ -45,6 +47,7 @@ class Application {
     const platform::Clock& clock;
     platform::UserInterface& ui;
     platform::ChooseBackend chooseBackend;
+    platform::Workspace& workspace;
     platform::Desktop& idleSource;  ///< tells the idle time to the housekeeping
     Log& log;
   };
@@ -55,21 +58,48 @@ class Application {
   Application& operator=(const Application&) = delete;
 
   /// Runs an action on the command thread and calls `done` there when it is over. While another command
-  /// runs it is refused: `done` is called at once, on the calling thread, with the reason. Any thread.
+  /// runs it is refused: `done` is called at once, on the calling thread, with the reason. An action that is
+  /// nothing but a window is shown at once, whatever runs. Any thread.
   void Run(const RunRequest& request, const std::function<void(Outcome)>& done);
 
   /// As `Run`, waiting for the end. Not to be called on the GUI or the command thread.
   Outcome RunAndWait(const RunRequest& request);
 
+  /// Runs a piece of work as a command of this name, refused like any other while one runs. `done` as in
+  /// `Run`.
+  void RunJob(std::string name, std::function<void(CommandContext&)> job,
+              const std::function<void(Outcome)>& done);
+
+  /// Runs a short job with the shared state on the command thread, after the command that runs now; jobs keep
+  /// their order. Dropped when the program ends first. Any thread.
+  void Post(std::function<void(Globals&)> job);
+
+  /// Looks at what the menu shows and hands it to `done` on the command thread, between commands. Any thread.
+  void AskMenuState(std::function<void(const MenuState&)> done);
+
+  /// Opens a link that the system handed over, as the raw text that came; others than "qvar://" (lower case)
+  /// are ignored. Waits for nothing. Any thread.
+  void OpenLink(std::string url, const std::function<void(Outcome)>& done);
+
   /// The setting by which OneNote's window is found. Command thread.
   const std::string& TargetWindowPattern() const { return m_parts.globals.settings.TargetWindowPattern; }
 
   /// One request line of the local channel and its answer line (JSON both). Called on the channel's
-  /// thread. Requests: {"trigger": ACTION or NUMBER, "argument": N, "explain": true} and {"ping": true}.
+  /// thread. Requests: {"trigger": ACTION or NUMBER, "argument": N, "explain": true}, {"url": LINK} and
+  /// {"ping": true}.
   std::string Answer(std::string_view requestLine);
 
  private:
-  Outcome Execute(const RunRequest& request);
+  using Job = std::function<void(CommandContext& context)>;
+  struct JobOptions {
+    std::int64_t argument = 0;
+    bool messagesToCaller = false;
+    bool explain = false;
+  };
+
+  void Start(std::string name, JobOptions options, Job job, const std::function<void(Outcome)>& done);
+  Outcome Execute(const JobOptions& options, const Job& job);
+  std::string AnswerUrl(std::string url);
 
   Parts m_parts;
   Housekeeping m_housekeeping;

@@ -5,7 +5,9 @@
 
 #include "shell/not_built_yet.h"
 #include "shell/onenote_main.h"
+#include "shell/program_actions.h"
 #include "shell/transform_table.h"
+#include "shell/window_requests.h"
 
 namespace quill::shell {
 namespace {
@@ -34,10 +36,17 @@ void SetToPageTitle(CommandContext& context, const CommandRow&) {
   NSOneNoteMain(context.services, context.globals).SetToPageTitle();
 }
 
+/// Opens the window of a request that says everything by its type.
+template <class Request>
+void Show(platform::UserInterface& ui) {
+  ui.ShowWindow(Request{});
+}
+
 using enum CommandGroup;
 constexpr Needs kNothing = Needs::Nothing;
 constexpr Needs kOneNote = Needs::OneNote;
 constexpr Needs kSelection = Needs::OneNote | Needs::Selection;
+constexpr Needs kWord = Needs::OneNote | Needs::Selection | Needs::Word;
 constexpr Needs kOnline = Needs::SignIn;
 constexpr Needs kPageOnline = Needs::OneNote | Needs::PageLink | Needs::SignIn;
 
@@ -62,7 +71,7 @@ constexpr CommandRow kCommands[] = {
     {"MenuItemInsertCalendarNextMonth", Calendar, 0, 1, "menuCalendarNextMonth", 0, kOneNote, NotBuiltYet},
     {"MenuItemInsertCalendarPrevMonth", Calendar, 0, -1, "menuCalendarPrevMonth", 0, kOneNote, NotBuiltYet},
     {"MenuItemInsertCalendarCustomize", Calendar, 0, 0, "menuCalendarCustomize", 0, kOneNote, NotBuiltYet},
-    {"MenuItemStartWithMondayClick", Calendar, 0, 0, "menuStartWithMonday", 0, kNothing, NotBuiltYet},
+    {"MenuItemStartWithMondayClick", Calendar, 0, 0, "menuStartWithMonday", 0, kNothing, StartWithMonday},
     {"MenuItemOpenPictureClick", Image, 14, 0, "menuOpenPicture", 0, kSelection, RunTransform},
     {"MenuItemViewImageClick", Image, 13, 0, "menuViewImage", 0, kSelection, RunTransform},
     {"MenuItemImageOCRText", Image, 0, 0, "menuImageOCRText", 0, kSelection, NotBuiltYet},
@@ -78,10 +87,10 @@ constexpr CommandRow kCommands[] = {
     {"MenuItemTemplateClick", Templates, 0, 0, "menuTemplate", 0, kOneNote, NotBuiltYet},
     {"MenuItemSaveAsTemplateClick", Templates, 8, 0, "menuSaveAsTemplate", 0, kSelection, RunTransform},
     {"MenuItemFavoriteCurrentPageClick", Favourites, 0, 0, "menuFavoriteCurrentPage", 0, kOneNote, NotBuiltYet},
-    {"MenuItemFavoritePageItemClick", Favourites, 0, 0, "menuFavoritePageItem", 0, kOneNote, NotBuiltYet},
+    {"MenuItemFavoritePageItemClick", Favourites, 0, 0, "menuFavoritePageItem", 0, kOneNote, NotBuiltYet, nullptr, Place::Dynamic},
     {"MenuItemManagerFavoritePages", Favourites, 0, 0, "menuManagerFavoritePages", 0, kNothing, NotBuiltYet},
     {"MenuItemFavoriteCurrentSectionClick", Favourites, 0, 0, "menuFavoriteCurrentSection", 0, kOneNote, NotBuiltYet},
-    {"MenuItemFavoriteSectionItemClick", Favourites, 0, 0, "menuFavoriteSectionItem", 0, kOneNote, NotBuiltYet},
+    {"MenuItemFavoriteSectionItemClick", Favourites, 0, 0, "menuFavoriteSectionItem", 0, kOneNote, NotBuiltYet, nullptr, Place::Dynamic},
     {"MenuItemManagerFavoriteSections", Favourites, 0, 0, "menuManagerFavoriteSections", 0, kNothing, NotBuiltYet},
     {"MenuItemTableOfContentsHeadingsClick", Online, 0, 2, "menuTableOfContentsHeadings", 0, kPageOnline, NotBuiltYet},
     {"MenuItemTableOfContentsSectionPagesClick", Online, 0, 10000, "menuTableOfContentsSectionPages", 0, kPageOnline, NotBuiltYet},
@@ -95,7 +104,7 @@ constexpr CommandRow kCommands[] = {
     {"MenuItemExportLogClick", Files, 10001, 0, "menuExportLog", 0, kSelection, RunTransform},
     {"MenuItemDiagnosticsClick", Files, 1, 0, "menuDiagnostics", 0, kSelection, RunTransform},
     {"MenuItemSaveAsClick", Files, 6, 0, "menuSaveAs", 0, kSelection, RunTransform},
-    {"MenuItemSaveAsWordDocumentClick", Files, 7, 0, "menuSaveAsWordDocument", 0, kSelection, RunTransform},
+    {"MenuItemSaveAsWordDocumentClick", Files, 7, 0, "menuSaveAsWordDocument", 0, kWord, RunTransform},
     {"MenuItemPackageNotebooksClick", Files, 0, 0, "menuPackageNotebooks", 0, kNothing, NotBuiltYet},
     {"MenuItemResoteQuillpkgFileClick", Files, 0, 0, "menuRestoreQuillpkg", 0, kNothing, NotBuiltYet},
     {"MenuItemExtractOnepkgFileClick", Files, 0, 0, "menuExtractOnepkg", 0, kNothing, NotBuiltYet},
@@ -105,15 +114,24 @@ constexpr CommandRow kCommands[] = {
     {"MenuItemPagesNumberClick", Files, 0, 0, "menuPagesNumber", 0, kOnline, NotBuiltYet},
     {"MenuItemADayPagesClick", Files, 0, 0, "menuADayPages", 0, kOnline, NotBuiltYet},
     {"MenuItemSyntaxHighlightClick", Insert, 0, 0, "menuSyntaxHighlight", 0, kOneNote, NotBuiltYet},
-    {"MenuItemInsertHorizontalLine", Insert, 0, 0, "menuInsertHorizontalLine", 0, kOneNote, NotBuiltYet},
+    {"MenuItemInsertHorizontalLine", Insert, 0, 0, "menuInsertHorizontalLine", 0, kOneNote, InsertHorizontalLine},
     {"MenuItemLaTeXEquation", Insert, 0, 0, "menuLaTeXEquation", 0, kOneNote, NotBuiltYet},
-    {"MenuItemOptionsClick", Program, 0, 0, "menuOptions", 0, kNothing, NotBuiltYet},
-    {"MenuItemRunOneNoteClick", Program, 0, 0, "menuRunOneNote", 0, kNothing, NotBuiltYet},
-    {"MenuItemCacheFolderClick", Program, 0, 0, "menuCacheFolder", 0, kNothing, NotBuiltYet},
-    {"MenuItemImportNotebookClick", Program, 0, 0, "menuImportNotebook", 0, kNothing, NotBuiltYet},
+    {"MenuItemOptionsClick", Program, 0, 0, "menuOptions", 0, kNothing, nullptr, Show<OptionsRequest>},
+    {"MenuItemRunOneNoteClick", Program, 0, 0, "menuRunOneNote", 0, kNothing, RunOneNote},
+    {"MenuItemCacheFolderClick", Program, 0, 0, "menuCacheFolder", 0, kNothing, ShowCacheFolder},
+    {"MenuItemImportNotebookClick", Program, 0, 0, "menuImportNotebook", 0, kNothing, ImportNotebook},
     {"MenuItemOpenNotebookByLink", Program, 0, 0, "menuOpenNotebookByLink", 0, kNothing, NotBuiltYet},
-    {"MenuItemRulerClick", Program, 0, 0, "menuRuler", 0, kNothing, NotBuiltYet},
-    {"MenuItemAboutClick", Program, 0, 0, "menuAbout", 0, kNothing, NotBuiltYet},
+    {"MenuItemRulerClick", Program, 0, 0, "menuRuler", 0, kNothing, nullptr, Show<RulerRequest>},
+    {"MenuItemAboutClick", Program, 0, 0, "menuAbout", 0, kNothing, nullptr, Show<AboutRequest>},
+    {"MenuItemSignInClick", Program, 0, 0, "menuSignIn", 0, kNothing, NotBuiltYet, nullptr, Place::Palette},
+    {"MenuItemSignOutClick", Program, 0, 0, "menuSignOut", 0, kOnline, NotBuiltYet, nullptr, Place::Palette},
+    {"MenuItemBackupsClick", Program, 0, 0, "menuBackups", 0, kNothing, NotBuiltYet, nullptr, Place::Palette},
+    {"MenuItemTestCopyFromOneNoteClick", Program, 0, 0, "menuTestCopyFromOneNote", 0, kSelection, TestCopyFromOneNote, nullptr, Place::Nowhere},
+    {"MenuItemTestCopyFromClipboardClick", Program, 0, 0, "menuTestCopyFromClipboard", 0, kNothing, TestCopyFromClipboard, nullptr, Place::Nowhere},
+    {"MenuItemCommandPaletteClick", Top, 0, 0, "menuCommandPalette", 'P', kNothing, nullptr, Show<PaletteRequest>},
+    {"MenuItemPracticeNotebookClick", Top, 0, 0, "menuPracticeNotebook", 0, kNothing, nullptr, Show<PracticeRequest>},
+    {"MenuItemShowMenuClick", Top, 0, 0, "menuShowMenu", 0, kNothing, nullptr, Show<MenuRequest>, Place::Nowhere},
+    {"MenuItemQuitClick", Top, 0, 0, "menuQuit", 0, kNothing, nullptr, Show<QuitRequest>},
 };
 // clang-format on
 
@@ -148,7 +166,17 @@ std::size_t EditDistance(std::string_view a, std::string_view b) {
   return row.back();
 }
 
+/// In the order of `CommandGroup`.
+constexpr std::string_view kGroupTitles[] = {
+    "menuGroupPage",  "menuGroupText",   "menuGroupTitle",     "menuGroupCalendar",   "menuGroupImage",
+    "menuGroupLinks", "menuGroupTable",  "menuGroupTemplates", "menuGroupFavourites", "menuGroupOnline",
+    "menuGroupFiles", "menuGroupInsert", "menuGroupProgram",   "menuGroupProgram"};
+
 }  // namespace
+
+std::string_view GroupTitleKey(CommandGroup group) {
+  return kGroupTitles[static_cast<std::size_t>(group)];
+}
 
 std::span<const CommandRow> CommandTable() {
   return kCommands;

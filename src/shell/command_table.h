@@ -24,11 +24,15 @@ enum class CommandGroup {
   Online,
   Files,
   Insert,
-  Program
+  Program,
+  Top  ///< beside the groups, at the menu's top level
 };
 
+/// The string-table key of a group's title.
+std::string_view GroupTitleKey(CommandGroup group);
+
 /// What must be there before an action can run; several may be joined by |.
-enum class Needs : unsigned { Nothing = 0, OneNote = 1, Selection = 2, PageLink = 4, SignIn = 8 };
+enum class Needs : unsigned { Nothing = 0, OneNote = 1, Selection = 2, PageLink = 4, SignIn = 8, Word = 16 };
 constexpr Needs operator|(Needs a, Needs b) {
   return static_cast<Needs>(static_cast<unsigned>(a) | static_cast<unsigned>(b));
 }
@@ -46,6 +50,17 @@ struct CommandContext {
 struct CommandRow;
 using CommandHandler = void (*)(CommandContext& context, const CommandRow& row);
 
+/// Asks for the window of an action that is nothing but a window. Runs on any thread, whatever command runs.
+using WindowOpener = void (*)(platform::UserInterface& ui);
+
+/// Where an action is found besides the command line.
+enum class Place {
+  Menu,     ///< in the menu and in the palette
+  Palette,  ///< in the palette
+  Dynamic,  ///< in the menu only, one entry for each of the user's favourites
+  Nowhere   ///< a test item, or one that only makes sense from outside
+};
+
 /// One thing the user can do. The menu, the command line, the hot keys and the reference are read from
 /// the table of these.
 struct CommandRow {
@@ -56,7 +71,9 @@ struct CommandRow {
   std::string_view titleKey;
   char hotKey;  ///< letter pressed with Control + Option + Shift; 0 for none
   Needs needs;
-  CommandHandler handler;
+  CommandHandler handler;         ///< null when the action is a window
+  WindowOpener window = nullptr;  ///< the window, for an action without a handler
+  Place place = Place::Menu;
 };
 
 /// Every action, in the menu's order.

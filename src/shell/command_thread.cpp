@@ -28,28 +28,40 @@ std::optional<std::string> CommandThread::TryRun(std::string name, Job job, Job 
   return std::nullopt;
 }
 
+void CommandThread::Post(Job job) {
+  {
+    const std::lock_guard lock(m_mutex);
+    m_posted.push_back(std::move(job));
+  }
+  m_wake.notify_all();
+}
+
+void CommandThread::RunUnlocked(std::unique_lock<std::mutex>& lock, const Job& job) {
+  lock.unlock();
+  if (job) job();
+  lock.lock();
+}
+
 void CommandThread::Loop() {
   auto nextTick = std::chrono::steady_clock::now() + m_period;
   std::unique_lock lock(m_mutex);
   while (!m_stop) {
-    m_wake.wait_until(lock, nextTick, [this] { return m_stop || m_job; });
+    m_wake.wait_until(lock, nextTick, [this] { return m_stop || m_job || !m_posted.empty(); });
     if (m_stop) break;
-    if (m_job) {
+    if (!m_posted.empty()) {
+      const Job posted = std::move(m_posted.front());
+      m_posted.pop_front();
+      RunUnlocked(lock, posted);
+    } else if (m_job) {
       const Job job = std::exchange(m_job, nullptr);
       const Job finished = std::exchange(m_finished, nullptr);
-      lock.unlock();
-      job();
-      lock.lock();
+      RunUnlocked(lock, job);
       m_busyWith.reset();
-      lock.unlock();
-      if (finished) finished();
-      lock.lock();
-      continue;
+      RunUnlocked(lock, finished);
+    } else {
+      RunUnlocked(lock, m_tick);
+      nextTick = std::chrono::steady_clock::now() + m_period;
     }
-    lock.unlock();
-    m_tick();
-    lock.lock();
-    nextTick = std::chrono::steady_clock::now() + m_period;
   }
   const Job abandoned = std::exchange(m_finished, nullptr);
   lock.unlock();

@@ -1,6 +1,7 @@
 #pragma once
 #include <chrono>
 #include <condition_variable>
+#include <deque>
 #include <functional>
 #include <mutex>
 #include <optional>
@@ -28,14 +29,20 @@ class CommandThread {
   /// thread is free for the next command before `finished` is called (on this thread too).
   std::optional<std::string> TryRun(std::string name, Job job, Job finished);
 
+  /// Runs a short job between commands, in the order of the calls. Dropped when the object goes first.
+  void Post(Job job);
+
  private:
   void Loop();
+  /// Runs a job without the lock, which it holds again afterwards.
+  static void RunUnlocked(std::unique_lock<std::mutex>& lock, const Job& job);
 
   Job m_tick;
   std::chrono::milliseconds m_period;
   std::mutex m_mutex;
   std::condition_variable m_wake;
   std::optional<std::string> m_busyWith;
+  std::deque<Job> m_posted;
   Job m_job;
   Job m_finished;
   bool m_stop = false;

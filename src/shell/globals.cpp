@@ -52,6 +52,7 @@ Globals GlobalsIn(Folders folders, const platform::Clock& clock) {
   globals.folders = std::move(folders);
   globals.settings = DefaultSettings(now);
   globals.scripts = BuiltInScripts();
+  globals.endpoints = FindEndpoints();
   globals.oneDayBack = now - std::chrono::seconds(86'400);
   LoadSettings(globals);
   return globals;
@@ -85,6 +86,14 @@ Status<> SaveSetting(const Globals& globals, const SettingRow& row) {
   MConfig config(globals.folders.SettingsFile);
   WriteRow(config, row, globals.settings);
   return config.Save();
+}
+
+Status<> ChangeSetting(Globals& globals, const SettingRow& row, std::string_view text) {
+  const Settings before = globals.settings;
+  Status<> changed = SetSettingText(globals.settings, row, text);
+  if (changed.ok()) changed = SaveSetting(globals, row);
+  if (!changed.ok()) globals.settings = before;
+  return changed;
 }
 
 }  // namespace quill::shell

@@ -2,9 +2,11 @@
 #include <chrono>
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 #include "base/result.h"
 #include "platform/clock.h"
+#include "shell/endpoints.h"
 #include "shell/folders.h"
 #include "shell/script_table.h"
 #include "shell/settings.h"
@@ -17,6 +19,8 @@ struct Globals {
   Folders folders;
   Settings settings;
   ScriptTable scripts;
+  Endpoints endpoints;
+  bool exportLog = false;  ///< the page log is written; off at start, never saved
   std::string FragmentHead;
   std::string FragmentTail;
   std::chrono::system_clock::time_point oneDayBack;  ///< start-up moment minus 86,400 seconds
@@ -35,6 +39,10 @@ void LoadSettings(Globals& globals);
 
 /// Merges the table's rows that `SaveSettings` owns into the file as it is now, and writes it.
 Status<> SaveSettings(const Globals& globals);
+
+/// Sets one setting from a text, as `SetSettingText` reads it, and saves it. On failure the setting is as it
+/// was.
+Status<> ChangeSetting(Globals& globals, const SettingRow& row, std::string_view text);
 
 /// Merges one row, whoever owns it, into the file as it is now, and writes it.
 Status<> SaveSetting(const Globals& globals, const SettingRow& row);

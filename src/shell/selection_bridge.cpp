@@ -151,7 +151,11 @@ bool SelectionBridge::PastePng(const std::filesystem::path& file, PasteMode mode
     ShowMessage(bytes.error());
     return false;
   }
-  return Paste(Flavour::Png, *bytes, mode);
+  return PastePngBytes(*bytes, mode);
+}
+
+bool SelectionBridge::PastePngBytes(std::string_view png, PasteMode mode) {
+  return Paste(Flavour::Png, png, mode);
 }
 
 bool SelectionBridge::PasteHtmlFragment(std::string_view fragment, PasteMode mode) {

@@ -50,6 +50,7 @@ class SelectionBridge {
   bool PasteHtml(std::string_view html, PasteMode mode);
   bool PasteText(std::string_view text, PasteMode mode);
   bool PastePng(const std::filesystem::path& file, PasteMode mode);
+  bool PastePngBytes(std::string_view png, PasteMode mode);
   /// Wraps the fragment in a document of the program's own and pastes it.
   bool PasteHtmlFragment(std::string_view fragment, PasteMode mode);
 

@@ -3,6 +3,7 @@
 #include "platform/desktop.h"
 #include "platform/pasteboard.h"
 #include "platform/user_interface.h"
+#include "platform/workspace.h"
 #include "shell/explain.h"
 #include "shell/log.h"
 #include "shell/string_table.h"
@@ -13,6 +14,7 @@ namespace quill::shell {
 struct Services {
   platform::Desktop& desktop;
   platform::Pasteboard& pasteboard;
+  platform::Workspace& workspace;
   platform::UserInterface& ui;
   const platform::Clock& clock;
   const StringTable& strings;

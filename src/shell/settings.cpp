@@ -8,6 +8,8 @@
 #include <ctime>
 
 #include "base/version.h"
+#include "shell/hot_key_settings.h"
+#include "shell/language.h"
 
 namespace quill::shell {
 namespace {
@@ -73,6 +75,12 @@ constexpr SettingRow kTable[] = {
      "Longest wait for the clipboard, in microseconds", IsTimeout, "a whole number from 0 to 60000000"},
     {"TargetWindowPattern", &S::TargetWindowPattern, SaveSettings, false,
      "Found in the title or class of the window to work in (X11)"},
+    {"Language", &S::Language, SaveSettings, false, "Language of the program; empty for the system's",
+     IsLanguageSetting, "nothing or one of en, de, es, fr, ja, zh-Hans"},
+    {"HotKeys", &S::HotKeys, SaveSettings, false, "Hot keys that differ from the built-in ones",
+     AcceptsHotKeysSetting,
+     "ACTION=COMBINATION joined by \";\", as in MenuItemUpperCaseClick=Control+Option+U"},
+    {"RecentActions", &S::RecentActions, Owner, false, "Actions used last, newest first"},
     {"OneAppBackup_Last", &S::OneAppBackup_Last, Owner, false, "Day of the last backup"},
     {"OneAppUpdate_Last", &S::OneAppUpdate_Last, Owner, false, "Day of the last look for updates"},
     {"CheckedUpdateVersion_Last", &S::CheckedUpdateVersion_Last, Owner, false,

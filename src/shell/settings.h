@@ -51,6 +51,9 @@ struct Settings {
   bool OneAppBackup_Enable = true;
   std::int64_t Perform_Timeout = 500000;        ///< microseconds
   std::string TargetWindowPattern = "OneNote";  ///< X11: found in the title or class of the target window
+  std::string Language;                         ///< "de", "zh-Hans", …; empty: the system's
+  std::string HotKeys;        ///< "ACTION=COMBINATION" joined by ";"; only what differs from the table
+  std::string RecentActions;  ///< action names joined by ",", newest first
   StoredDate OneAppBackup_Last;
   StoredDate OneAppUpdate_Last;
   std::string CheckedUpdateVersion_Last;

@@ -6,26 +6,43 @@
 
 namespace quill::shell {
 
-StringTable::StringTable(std::string_view language) {
-  for (const std::string_view wanted : {std::string_view("en"), language}) {
-    for (int i = 0; i < kEmbeddedStringsCount; ++i) {
-      if (kEmbeddedStrings[i].language == wanted) Load(kEmbeddedStrings[i].json);
-    }
-  }
+StringTable::StringTable(std::string_view language) : m_english(&Load("en")), m_current(m_english) {
+  UseLanguage(language);
 }
 
-void StringTable::Load(std::string_view json) {
-  const nlohmann::json texts = nlohmann::json::parse(json, nullptr, false);
-  for (const auto& [key, text] : texts.items()) m_texts.insert_or_assign(key, text.get<std::string>());
+const StringTable::Texts& StringTable::Load(std::string_view language) {
+  const auto known = m_loaded.find(language);
+  if (known != m_loaded.end()) return known->second;
+  Texts& texts = m_loaded[std::string(language)];
+  for (int i = 0; i < kEmbeddedStringsCount; ++i) {
+    if (kEmbeddedStrings[i].language != language) continue;
+    const nlohmann::json json = nlohmann::json::parse(kEmbeddedStrings[i].json, nullptr, false);
+    for (const auto& [key, text] : json.items()) texts.insert_or_assign(key, text.get<std::string>());
+  }
+  return texts;
+}
+
+void StringTable::UseLanguage(std::string_view language) {
+  const std::lock_guard lock(m_mutex);
+  m_current = &Load(language);
+}
+
+const std::string* StringTable::Find(std::string_view key) const {
+  const Texts* current = m_current;
+  for (const Texts* texts : {current, m_english}) {
+    const auto found = texts->find(key);
+    if (found != texts->end()) return &found->second;
+  }
+  return nullptr;
 }
 
 bool StringTable::Has(std::string_view key) const {
-  return m_texts.find(key) != m_texts.end();
+  return Find(key) != nullptr;
 }
 
 std::string_view StringTable::Text(std::string_view key) const {
-  const auto found = m_texts.find(key);
-  return found == m_texts.end() ? key : std::string_view(found->second);
+  const std::string* text = Find(key);
+  return text != nullptr ? std::string_view(*text) : key;
 }
 
 std::string StringTable::Format(std::string_view key, const std::vector<std::string>& arguments) const {

@@ -2,6 +2,7 @@
 
 #include "shell/exports.h"
 #include "shell/not_built_yet.h"
+#include "shell/picture_commands.h"
 #include "tools/letter_case.h"
 
 namespace quill::shell {
@@ -31,8 +32,8 @@ constexpr TransformRow kTransforms[] = {
     {10, "WordCount", Document, Never, TransformNotBuiltYet},
     {11, "OpenLocalLink", Fragment, Never, TransformNotBuiltYet},
     {12, "OpenCloudFileAttachmentLink", Fragment, Never, TransformNotBuiltYet},
-    {13, "ImageCrop", Document, Never, TransformNotBuiltYet, NothingCopiedNotBuiltYet},
-    {14, "OpenPicture", Document, Never, TransformNotBuiltYet, NothingCopiedNotBuiltYet},
+    {13, "ImageCrop", Document, Never, ImageCrop, ImageCropViaImageFormat},
+    {14, "OpenPicture", Document, Never, OpenPicture, OpenPictureViaImageFormat},
     {15, "ChangeTableStyle", Document, WhenPositive, TransformNotBuiltYet},
     {16, "WordCount", Document, Never, TransformNotBuiltYet},
     {17, "Table2Text", Document, WhenPositive, TransformNotBuiltYet},

@@ -4,24 +4,49 @@
 #include <QMetaObject>
 
 #include "platform/posix/local_channel.h"
+#include "shell/language.h"
+#include "shell/onenote_main.h"
+#include "shell/recent_actions.h"
+#include "shell/window_requests.h"
+#include "ui/kit/key_text.h"
+#include "ui/kit/qt_text.h"
+#include "ui/windows/win_ruler.h"
 
 namespace quill::ui {
 
 Program::Program(const std::filesystem::path& root)
-    : m_ui(m_strings),
+    : m_ui(m_strings, m_windows),
       m_startGlobals(shell::InitGlobals(root, m_clock)),
-      m_practice(m_startGlobals.folders.SupportFolder / "Practice", m_strings),
+      m_folders(m_startGlobals.folders),
+      m_rulers(std::make_shared<RulerMemory>()),
+      m_practice(m_folders.SupportFolder / "Practice", m_strings),
       m_backends(m_practice, [this] { return m_application->TargetWindowPattern(); }),
+      m_hotKeys([this](const shell::CommandRow& row) { PressHotKey(row); }),
+      m_recentActions(m_startGlobals.settings.RecentActions),
+      m_palette(
+          m_strings, [this] { return m_recentActions; },
+          [this](const shell::CommandRow& row, std::optional<std::int64_t> argument) {
+            RunAction(row, argument);
+          }),
       m_tray(m_strings, {[this](const shell::CommandRow& row, std::optional<std::int64_t> argument) {
                            RunAction(row, argument);
                          },
-                         [this] { OpenPractice(); }, [] { QApplication::quit(); }}) {
+                         [this] { RefreshMenu(); }, [this] { m_ui.ShowWindow(shell::PaletteRequest{}); }}) {
+  const shell::Settings settings = m_startGlobals.settings;
   const std::string damaged =
-      m_startGlobals.settingsProblem.empty() ? "" : m_startGlobals.folders.SettingsFile.string() + ".bad";
-  m_application = std::make_unique<shell::Application>(
-      shell::Application::Parts{std::move(m_startGlobals), m_strings, m_clock, m_ui,
-                                [this] { return m_backends.Choose(); }, m_backends.idleSource(), m_log});
+      m_startGlobals.settingsProblem.empty() ? "" : m_folders.SettingsFile.string() + ".bad";
+  m_application = std::make_unique<shell::Application>(shell::Application::Parts{
+      std::move(m_startGlobals), m_strings, m_clock, m_ui, [this] { return m_backends.Choose(); },
+      *m_workspace, m_backends.idleSource(), m_log});
+  AddHosts();
+  AddWindows();
+  AddToolWindows();
+  if (m_links != nullptr) m_links->OnUrl([this](const std::string& url) { OpenLink(url); });
+  m_hotKeys.OnStateChanged([this](const std::vector<HotKeyState>& state) { ShowHotKeys(state); });
+  UseLanguage(settings.Language);
   m_tray.Show();
+  UseSettings(settings);
+  m_appearance.Start();
   if (!damaged.empty()) m_ui.Tell(m_strings.Format("msgSettingsDamaged", {damaged}));
 }
 
@@ -42,17 +67,97 @@ bool Program::ListenForTriggers(const std::filesystem::path& root) {
   return true;
 }
 
-void Program::OpenPractice() {
-  const Status<> opened = m_practice.Open();
-  if (!opened.ok()) m_ui.Tell(m_strings.Format("errPluginMissing", {opened.error()}));
+void Program::OnGui(std::function<void()> work) {
+  QMetaObject::invokeMethod(qApp, std::move(work), Qt::QueuedConnection);
+}
+
+void Program::TellRefusal(const shell::Outcome& outcome) {
+  if (outcome.ran || outcome.messages.empty()) return;
+  OnGui([this, text = outcome.messages.front()] { m_ui.Tell(text); });
 }
 
 void Program::RunAction(const shell::CommandRow& row, std::optional<std::int64_t> argument) {
-  m_application->Run({&row, argument}, [this](const shell::Outcome& outcome) {
-    if (outcome.ran || outcome.messages.empty()) return;
-    QMetaObject::invokeMethod(
-        qApp, [this, text = outcome.messages.front()] { m_ui.Tell(text); }, Qt::QueuedConnection);
+  Remember(row, argument);
+  m_application->Run({&row, argument}, [this](const shell::Outcome& outcome) { TellRefusal(outcome); });
+}
+
+void Program::OpenLink(const std::string& url) {
+  m_application->OpenLink(url, [this](const shell::Outcome& outcome) { TellRefusal(outcome); });
+}
+
+void Program::Remember(const shell::CommandRow& row, std::optional<std::int64_t> argument) {
+  if (row.place == shell::Place::Nowhere || row.group == shell::CommandGroup::Top) return;
+  m_recentActions = shell::WithRecent(m_recentActions, shell::RecentName(row.action, argument));
+  m_application->Post([recent = m_recentActions](shell::Globals& globals) {
+    globals.settings.RecentActions = recent;
+    // What was used last is a convenience: a full disk is told by what the user saves knowingly.
+    static_cast<void>(shell::SaveSetting(globals, *shell::FindSetting("RecentActions")));
   });
+}
+
+void Program::RefreshMenu() {
+  m_application->AskMenuState([this](const shell::MenuState& state) {
+    OnGui([this, state] {
+      m_tray.actions().Update(state);
+      m_palette.Update(state);
+    });
+  });
+}
+
+void Program::UseSettings(const shell::Settings& settings) {
+  if (settings.Language != m_language) UseLanguage(settings.Language);
+  m_hotKeys.Use(settings.HotKeys,
+                [this](const shell::CommandRow& row) { return std::string(m_strings.Text(row.titleKey)); });
+}
+
+void Program::UseLanguage(const std::string& setting) {
+  m_language = setting;
+  const std::string_view language = shell::ChooseLanguage(setting, platform::PreferredLanguages());
+  m_strings.UseLanguage(language);
+  m_qtLanguage.Use(language);
+  m_tray.Retranslate();
+  m_palette.Retranslate();
+  m_options->Retranslate();
+}
+
+void Program::ShowHotKeys(const std::vector<HotKeyState>& state) {
+  std::map<const shell::CommandRow*, QKeySequence> keys;
+  for (const HotKeyState& one : state) {
+    if (one.problem == platform::HotKeyProblem::None) keys[one.row] = KeySequence(one.keys);
+  }
+  m_tray.actions().ShowHotKeys(std::move(keys));
+  m_palette.Update(state);
+  m_options->Update(state);
+  TellTakenKeys(state);
+}
+
+void Program::TellTakenKeys(const std::vector<HotKeyState>& state) {
+  std::string taken;
+  for (const HotKeyState& one : state) {
+    if (one.problem != platform::HotKeyProblem::Taken) continue;
+    if (!taken.empty()) taken += ", ";
+    taken += FromQt(HotKeyText(one.keys));
+  }
+  if (taken.empty() || std::exchange(m_toldTakenKeys, true)) return;
+  m_ui.Tell(m_strings.Format("msgHotKeysTaken", {taken}));
+}
+
+void Program::PressHotKey(const shell::CommandRow& row) {
+  if (!m_options->TakePressedHotKey(row)) RunAction(row, {});
+}
+
+void Program::PastePicture(const std::filesystem::path& png) {
+  m_application->RunJob(
+      std::string(m_strings.Text("menuViewImage")),
+      [png](shell::CommandContext& context) {
+        shell::NSOneNoteMain(context.services, context.globals).PastePng(png);
+      },
+      [this](const shell::Outcome& outcome) { TellRefusal(outcome); });
+}
+
+void Program::OpenPractice() {
+  const Status<> opened = m_practice.Open();
+  if (!opened.ok()) m_ui.Tell(m_strings.Format("errPluginMissing", {opened.error()}));
 }
 
 }  // namespace quill::ui

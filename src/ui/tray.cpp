@@ -4,14 +4,15 @@
 #include <QCursor>
 #include <QPalette>
 
+#include "ui/kit/qt_text.h"
 #include "ui/quill_icon.h"
 
 namespace quill::ui {
 namespace {
 
-QString ToQt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
+// Desktops start their tray and their programs at the same time; a tray that comes later is still found.
+constexpr int kLongestWaitForTrayMs = 3000;
+constexpr int kLookAgainMs = 5000;
 
 bool IsDark() {
   return QApplication::palette().color(QPalette::Window).lightness() < 128;
@@ -20,20 +21,58 @@ bool IsDark() {
 }  // namespace
 
 Tray::Tray(const shell::StringTable& strings, Handlers handlers)
-    : m_menu(BuildActionMenu(strings, std::move(handlers.onAction))), m_icon(QuillIcon(IsDark())) {
-  m_menu->addSeparator();
-  QAction* practice = m_menu->addAction(ToQt(strings.Text("strPractice")));
-  QObject::connect(practice, &QAction::triggered, practice,
-                   [open = std::move(handlers.onPractice)] { open(); });
-  QAction* quit = m_menu->addAction(ToQt(strings.Text("strQuit")));
-  QObject::connect(quit, &QAction::triggered, quit, [leave = std::move(handlers.onQuit)] { leave(); });
-  m_icon.setToolTip(ToQt(strings.Text("appTitle")));
-  m_icon.setContextMenu(m_menu.get());
+    : m_strings(strings), m_handlers(std::move(handlers)), m_actions(strings, m_handlers.onAction) {
+  m_icon.setIcon(QuillIcon(IsDark()));
+  m_icon.setContextMenu(&menu());
+  QObject::connect(&menu(), &QMenu::aboutToShow, &menu(), [this] { m_handlers.onAboutToShow(); });
   // A left click opens the menu too: a tray with one meaning per icon needs no second button.
-  QObject::connect(&m_icon, &QSystemTrayIcon::activated, m_menu.get(),
+  QObject::connect(&m_icon, &QSystemTrayIcon::activated, &menu(),
                    [this](QSystemTrayIcon::ActivationReason reason) {
-                     if (reason == QSystemTrayIcon::Trigger) m_menu->popup(QCursor::pos());
+                     if (reason == QSystemTrayIcon::Trigger) menu().popup(QCursor::pos());
                    });
+  QObject::connect(&m_lookForTray, &QTimer::timeout, &menu(), [this] { LookForTray(); });
+  Retranslate();
+}
+
+void Tray::Show() {
+  m_icon.show();
+  m_lookForTray.start(kLongestWaitForTrayMs);
+}
+
+void Tray::LookForTray() {
+  if (QSystemTrayIcon::isSystemTrayAvailable()) {
+    m_lookForTray.stop();
+    m_window.reset();
+    return;
+  }
+  m_lookForTray.start(kLookAgainMs);
+  if (m_window != nullptr) return;
+  m_window = std::make_unique<MenuWindow>(m_strings, menu(), m_handlers.onFind);
+  m_window->show();
+}
+
+bool Tray::PopsUpAnywhere() const {
+  // A Wayland desktop places a menu only beside a window of the program's own.
+  return QGuiApplication::platformName() != QStringLiteral("wayland");
+}
+
+void Tray::ShowMenu() {
+  if (m_window == nullptr && PopsUpAnywhere()) {
+    return menu().popup(InPlace() ? m_icon.geometry().center() : QCursor::pos());
+  }
+  if (m_window == nullptr) {
+    m_window = std::make_unique<MenuWindow>(m_strings, menu(), m_handlers.onFind);
+  }
+  m_window->ShowMenu();
+}
+
+void Tray::Retranslate() {
+  m_icon.setToolTip(ToQt(m_strings.Text("appTitle")));
+  if (m_window != nullptr) m_window->Retranslate();
+}
+
+void Tray::UseDarkIcon(bool dark) {
+  m_icon.setIcon(QuillIcon(dark));
 }
 
 }  // namespace quill::ui

@@ -2,37 +2,57 @@
 #include <QMenu>
 #include <QObject>
 #include <QSystemTrayIcon>
+#include <QTimer>
 #include <functional>
 #include <memory>
 
 #include "shell/string_table.h"
 #include "ui/menu_builder.h"
+#include "ui/menu_window.h"
 
 namespace quill::ui {
 
-/// The status item: icon, tool tip and the menu of all actions. GUI thread.
+/// Where the user finds the menu: the status item, or a small window on a desktop that has no place for one.
+/// GUI thread.
 class Tray {
  public:
   struct Handlers {
     OnAction onAction;
-    std::function<void()> onPractice;
-    std::function<void()> onQuit;
+    std::function<void()> onAboutToShow;  ///< the menu opens: now is the time to look at the desktop
+    std::function<void()> onFind;         ///< the search field is wanted
   };
 
   Tray(const shell::StringTable& strings, Handlers handlers);
 
-  /// Puts the icon into the tray, now or as soon as there is one.
-  void Show() { m_icon.show(); }
+  /// Puts the icon into the tray, now or as soon as there is one. When there is still none after three
+  /// seconds, the window opens; it goes when a tray appears.
+  void Show();
+
+  /// Opens the menu at the icon, or at the pointer, or from the window.
+  void ShowMenu();
 
   /// True once the desktop has given the icon its place.
   bool InPlace() const { return m_icon.geometry().isValid(); }
 
-  QMenu& menu() { return *m_menu; }
+  void Retranslate();
+
+  /// The icon for a dark or light desktop as it was at start; a later change leaves the icon as it is.
+  void UseDarkIcon(bool dark);
+
+  ActionMenu& actions() { return m_actions; }
+  QMenu& menu() { return m_actions.menu(); }
   QRect IconGeometry() const { return m_icon.geometry(); }
 
  private:
-  std::unique_ptr<QMenu> m_menu;
+  void LookForTray();
+  bool PopsUpAnywhere() const;
+
+  const shell::StringTable& m_strings;
+  Handlers m_handlers;
+  ActionMenu m_actions;
   QSystemTrayIcon m_icon;
+  QTimer m_lookForTray;
+  std::unique_ptr<MenuWindow> m_window;
 };
 
 }  // namespace quill::ui

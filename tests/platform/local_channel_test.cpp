@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <future>
 
 namespace quill::platform {
 namespace {
@@ -50,6 +51,25 @@ TEST_F(LocalChannel, OneListenerAtATime) {
   }
   EXPECT_FALSE(fs::exists(path));
   EXPECT_FALSE(AskLocalChannel(path, "?", std::chrono::seconds(1)).ok());
+}
+
+// A command may wait for its user for minutes: meanwhile other requests, and a client that says nothing, must
+// not wait for it.
+TEST_F(LocalChannel, ASlowAnswerKeepsNobodyOut) {
+  const fs::path path = *LocalChannelPath("");
+  std::promise<void> go;
+  auto server = LocalChannelServer::Listen(path, [&](std::string_view line) {
+    if (line == "slow") go.get_future().wait();
+    return std::string(line);
+  });
+  ASSERT_TRUE(server.ok()) << server.error();
+  auto slow = std::async(std::launch::async,
+                         [&] { return AskLocalChannel(path, "slow", std::chrono::seconds(30)).ValueOr(""); });
+  for (int i = 0; i < 40; ++i) {
+    EXPECT_EQ(AskLocalChannel(path, "quick", std::chrono::seconds(10)).ValueOr("no answer"), "quick");
+  }
+  go.set_value();
+  EXPECT_EQ(slow.get(), "slow");
 }
 
 // A root's path may be longer than a socket address; a folder that others can enter is refused.

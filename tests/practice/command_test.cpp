@@ -21,7 +21,7 @@ class PracticeCommand : public testing::Test {
 
   void Run(const std::function<void(shell::NSOneNoteMain&)>& command) {
     platform::practice::PracticeDesktop desktop(world.notebook().Target());
-    shell::Services services{desktop, world.pasteboard, screen, clock, strings, explain, log};
+    shell::Services services{desktop, world.pasteboard, screen, screen, clock, strings, explain, log};
     world.OnCommandThread([&] {
       shell::NSOneNoteMain bridge(services, globals);
       command(bridge);

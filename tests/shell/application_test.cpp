@@ -3,10 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <future>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
 #include "shell/command_world.h"
+#include "shell/window_requests.h"
 
 namespace quill::shell {
 namespace {
@@ -28,7 +30,7 @@ struct ApplicationWorld {
                          [this] {
                            return platform::Backend{"recording", &world.recording, &world.recording, nullptr};
                          },
-                         world.recording, world.log}};
+                         world.recording, world.recording, world.log}};
 };
 
 // Other processes of the user may send anything; each request gets one line that says what happened.
@@ -64,6 +66,37 @@ TEST(Application, SurvivesACommandThatThrows) {
               ElementsAre(HasSubstr("no more memory")));
   EXPECT_TRUE(world.application.RunAndWait({FindCommand("UpperCase"), {}, true, false}).ran);
   EXPECT_EQ(world.world.PastedFragment(), "<p>ABC</p>");
+}
+
+// A window must open at once, also while a command waits for its user.
+TEST(Application, WindowsOpenWhileACommandRuns) {
+  ApplicationWorld world;
+  std::promise<void> go;
+  world.application.RunJob(
+      "long", [&](CommandContext&) { go.get_future().wait(); }, [](const Outcome&) {});
+  const nlohmann::json refused = world.Answer(R"({"trigger":"UpperCase"})");
+  EXPECT_EQ(refused["ok"], false);
+  EXPECT_THAT(refused["messages"].dump(), HasSubstr("long"));
+  EXPECT_EQ(world.Answer(R"({"trigger":"MenuItemShowMenuClick"})")["ok"], true);
+  ASSERT_EQ(world.world.recording.windows().size(), 1u);
+  EXPECT_NE(std::any_cast<MenuRequest>(&world.world.recording.windows()[0]), nullptr);
+  // A link that meets a command is told, not lost in silence.
+  EXPECT_EQ(world.Answer(R"({"url":"qvar://%HOME%/a"})")["ok"], true);
+  ASSERT_EQ(world.world.recording.windows().size(), 2u);
+  EXPECT_THAT(std::any_cast<NoticeRequest>(world.world.recording.windows()[1]).text, HasSubstr("long"));
+  go.set_value();
+}
+
+// A link goes to its handler as the raw text; anything else than "qvar://" in lower case is no link of ours.
+TEST(Application, HandsOnVariableLinksOnly) {
+  ApplicationWorld world;
+  for (const char* other : {"QVAR://a", "qvar:/a", "https://a", " qvar://a", ""}) {
+    EXPECT_EQ(world.Answer(nlohmann::json{{"url", other}}.dump())["ok"], true);
+  }
+  std::promise<Outcome> done;
+  world.application.OpenLink("qvar://%ONEDRIVE%/a b#c", [&](Outcome outcome) { done.set_value(outcome); });
+  EXPECT_TRUE(done.get_future().get().ran);
+  EXPECT_EQ(world.world.recording.messages().size(), 1u);
 }
 
 }  // namespace

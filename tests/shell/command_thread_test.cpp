@@ -30,6 +30,30 @@ TEST(CommandThread, RefusesASecondCommandUntilTheFirstIsDone) {
   thirdDone.get_future().wait();
 }
 
+// A window's change of a setting must not meet a command half-way, must not be lost, and keeps its order.
+TEST(CommandThread, PostedJobsRunInOrderBetweenCommands) {
+  CommandThread thread([] {}, std::chrono::hours(1));
+  std::promise<void> begun;
+  std::promise<void> go;
+  std::promise<void> over;
+  std::string order;
+  thread.TryRun(
+      "command",
+      [&] {
+        begun.set_value();
+        go.get_future().wait();
+        order += "command ";
+      },
+      nullptr);
+  begun.get_future().wait();
+  thread.Post([&] { order += "first "; });
+  thread.Post([&] { order += "second "; });
+  thread.Post([&] { over.set_value(); });
+  go.set_value();
+  over.get_future().wait();
+  EXPECT_EQ(order, "command first second ");
+}
+
 // Housekeeping never runs into a command: both work on the same state.
 TEST(CommandThread, TicksOnlyBetweenCommands) {
   std::atomic<bool> inCommand = false;

@@ -43,7 +43,7 @@ struct CommandWorld {
   shell::Explain explain;
   shell::Log log;
   shell::Globals globals;
-  shell::Services services{recording, recording, recording, clock, strings, explain, log};
+  shell::Services services{recording, recording, recording, recording, clock, strings, explain, log};
 };
 
 }  // namespace quill::test

@@ -33,7 +33,7 @@ TEST(Globals, WriteNothingBeforeTheFirstSave) {
             "Syntax_Font Syntax_FontSize Syntax_LineNumbers Syntax_FrameUp Syntax_Shaping Syntax_Bold "
             "TableStyle_SelectIndex Phonetics_Language OnlineOneNoteAccessToken OnlineOneNoteRefreshToken "
             "ClientUrlAccountId OnlineOneNoteUserId OnlineOneNoteUserPrincipalName MonitorPageTotal "
-            "AlertOnDelPageNum OneAppBackup_Enable Perform_Timeout TargetWindowPattern ");
+            "AlertOnDelPageNum OneAppBackup_Enable Perform_Timeout TargetWindowPattern Language HotKeys ");
 }
 
 // A key tied to the wrong variable would silently mix up two settings of everybody's existing file.

@@ -321,13 +321,13 @@ TEST(SaveAsWordDocument, NeedsWord) {
 TEST(CommandTable, CountsWhatIsNotBuiltYet) {
   int actions = 0;
   for (const CommandRow& row : CommandTable()) {
-    ASSERT_NE(row.handler, nullptr) << row.action;
+    ASSERT_NE(row.handler == nullptr, row.window == nullptr) << row.action;
     actions += IsNotBuiltYet(row) ? 1 : 0;
   }
   int transforms = 0;
   for (const TransformRow& row : TransformTable()) transforms += row.run == TransformNotBuiltYet ? 1 : 0;
-  EXPECT_EQ(actions, 56);
-  EXPECT_EQ(transforms, 14);
+  EXPECT_EQ(actions, 49);
+  EXPECT_EQ(transforms, 12);
   EXPECT_EQ(kInsertsNotBuiltYet.size(), 2u);
   for (const std::int64_t command : kInsertsNotBuiltYet) {
     CommandWorld world;
@@ -350,7 +350,7 @@ TEST(CommandTable, RowsAreConsistent) {
       EXPECT_NE(FindTransform(row.number), nullptr) << row.action;
     }
   }
-  EXPECT_EQ(hotKeys, "DTLC");
+  EXPECT_EQ(hotKeys, "DTLCP");
 }
 
 // A mistyped name must lead to the right one.

@@ -27,7 +27,7 @@ class CommandTest : public testing::Test {
         [this] {
           return platform::Backend{"x11", &backend->desktop(), &backend->pasteboard(), nullptr};
         },
-        screen, log});
+        screen, screen, log});
   }
 
   Outcome Run(std::string_view action) {

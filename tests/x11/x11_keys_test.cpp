@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "platform/x11/x11_hot_keys.h"
 #include "platform/x11/x11_idle.h"
+#include "platform/x11/x11_key_map.h"
 #include "x11/x11_world.h"
 
 namespace quill::x11_test {
@@ -9,11 +9,9 @@ namespace {
 
 using platform::script::Modifiers;
 using platform::x11::KeyChord;
-using platform::x11::X11HotKeys;
 using platform::x11::X11KeyMap;
 
-constexpr xcb_keysym_t kShift = 0xffe1, kControl = 0xffe3, kAlt = 0xffe9, kNumLock = 0xff7f,
-                       kCapsLock = 0xffe5, kNextLayout = 0xfe08;
+constexpr xcb_keysym_t kAlt = 0xffe9, kNumLock = 0xff7f, kCapsLock = 0xffe5, kNextLayout = 0xfe08;
 
 // Key codes of a US keyboard, as the X server numbers them.
 constexpr int kCodeOfC = 54, kCodeOfQ = 24, kCodeOf1 = 10, kCodeOfShift = 50, kCodeOfControl = 37,
@@ -74,44 +72,6 @@ TEST_F(X11KeysTest, TellsHeldModifiersFromLocks) {
   world.Release(kAlt);
   EXPECT_TRUE(keys.HeldModifiers().empty());
   EXPECT_EQ(platform::x11::GetIdleSeconds(world.connection()), 0);
-}
-
-// A hot key works whatever the lock keys' state, and after the user has changed the keyboard layout.
-TEST_F(X11KeysTest, HotKeysWorkWithLocksAndAfterALayoutChange) {
-  auto hotKeys = X11HotKeys::Open(world.display().c_str());
-  ASSERT_TRUE(hotKeys.ok());
-  std::vector<std::uint32_t> pressed;
-  (*hotKeys)->OnPressed([&](std::uint32_t identifier) { pressed.push_back(identifier); });
-  ASSERT_EQ((*hotKeys)->Register({'D', 2}), "");
-  const auto press = [&](xcb_keysym_t letter) {
-    for (const xcb_keysym_t key : {kControl, kAlt, kShift, letter}) world.Press(key);
-    for (const xcb_keysym_t key : {letter, kShift, kAlt, kControl}) world.Release(key);
-  };
-  const auto arrives = [&](std::size_t count) {
-    return Eventually([&] { return (*hotKeys)->Dispatch(), pressed.size() == count; });
-  };
-  press('d');
-  EXPECT_TRUE(arrives(1));
-  for (const xcb_keysym_t lock : {kCapsLock, kNumLock}) world.Press(lock), world.Release(lock);
-  press('d');
-  EXPECT_TRUE(arrives(2));
-  for (const xcb_keysym_t lock : {kCapsLock, kNumLock}) world.Press(lock), world.Release(lock);
-  SetLayout("us dvorak");
-  (*hotKeys)->Dispatch();
-  EXPECT_TRUE(Eventually([&] { return press('d'), (*hotKeys)->Dispatch(), pressed.size() == 3; }));
-  EXPECT_EQ(pressed, (std::vector<std::uint32_t>{2, 2, 2}));
-}
-
-// Two programs cannot have one key: the second must be told, and must not keep half of it.
-TEST_F(X11KeysTest, ReportsAHotKeyThatIsTaken) {
-  auto first = X11HotKeys::Open(world.display().c_str());
-  auto second = X11HotKeys::Open(world.display().c_str());
-  ASSERT_TRUE(first.ok() && second.ok());
-  EXPECT_EQ((*first)->Register({'D', 2}), "");
-  EXPECT_EQ((*second)->Register({'D', 2}), "Control+Alt+Shift+D is taken by another program");
-  EXPECT_EQ((*second)->Register({'C', 8}), "");
-  first = X11HotKeys::Open(world.display().c_str());
-  EXPECT_EQ((*second)->Register({'D', 2}), "");
 }
 
 }  // namespace

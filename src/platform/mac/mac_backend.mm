@@ -1,4 +1,6 @@
 // Type-checked on Linux against GNUstep's headers and a declared shim; never run on macOS yet.
+#import <Foundation/Foundation.h>
+
 #include "platform/mac/mac_backend.h"
 #include "platform/mac/mac_target.h"
 
@@ -21,6 +23,17 @@ namespace quill::platform {
 
 Result<std::unique_ptr<NativeBackend>> OpenNativeBackend(std::function<std::string()>) {
   return std::unique_ptr<NativeBackend>(std::make_unique<mac::MacBackend>());
+}
+
+// OneNote is found by its bundle identifier.
+const bool kFindsWindowsByTitle = false;
+
+std::vector<std::string> PreferredLanguages() {
+  std::vector<std::string> languages;
+  @autoreleasepool {
+    for (NSString* language in [NSLocale preferredLanguages]) languages.emplace_back([language UTF8String]);
+  }
+  return languages;
 }
 
 }  // namespace quill::platform

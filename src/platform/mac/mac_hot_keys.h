@@ -5,15 +5,16 @@
 
 namespace quill::platform::mac {
 
-/// System-wide keys through Carbon's hot-key service. Made, used and destroyed on the main thread; the keys
-/// are taken in the order of the calls and given back by the destructor.
+/// System-wide keys through Carbon's hot-key service. Made, used and destroyed on the main thread; the
+/// destructor gives the keys back.
 class MacHotKeys final : public HotKeyRegistrar {
  public:
   MacHotKeys();
   ~MacHotKeys() override;
 
   void OnPressed(std::function<void(std::uint32_t identifier)> handler) override;
-  std::string Register(const HotKey& key) override;
+  /// `report` is called once, before the return.
+  void Bind(std::vector<HotKey> keys, Report report) override;
 
  private:
   struct Parts;

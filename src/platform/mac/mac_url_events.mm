@@ -7,6 +7,7 @@
 #include "platform/mac/four_chars.h"
 #include "platform/mac/mac_text.h"
 #include "platform/mac/mac_url_events.h"
+#include "platform/native_backend.h"
 
 namespace {
 
@@ -97,3 +98,11 @@ void MacUrlEvents::OnUrl(std::function<void(std::string url)> handler) {
 }
 
 }  // namespace quill::platform::mac
+
+namespace quill::platform {
+
+std::unique_ptr<UrlEvents> OpenUrlEvents() {
+  return std::make_unique<mac::MacUrlEvents>();
+}
+
+}  // namespace quill::platform

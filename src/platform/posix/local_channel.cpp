@@ -8,9 +8,11 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <list>
 #include <thread>
 
 namespace quill::platform {
@@ -20,8 +22,8 @@ namespace fs = std::filesystem;
 using Deadline = std::chrono::steady_clock::time_point;
 
 constexpr std::size_t kLongestLine = 1 << 20;
-constexpr std::chrono::seconds kRequestTime(
-    5);  // a client that connects and says nothing must not block others
+constexpr std::chrono::seconds kRequestTime(5);  // for a client that connects and says nothing
+constexpr std::size_t kMostConnections = 16;
 
 class Socket {
  public:
@@ -142,23 +144,45 @@ Result<fs::path> LocalChannelPath(const fs::path& root) {
 }
 
 struct LocalChannelServer::State {
+  /// One client, served on a thread of its own: a command that waits for its user must not keep others out.
+  struct Connection {
+    std::thread thread;
+    std::atomic<bool> done = false;
+  };
+
   fs::path path;
   Handler handler;
   Socket listener;
   Socket stopRead;
   Socket stopWrite;
+  std::list<Connection> connections;  ///< only touched by the listening thread, and after its end
   std::thread thread;
 
   void Serve() {
     while (!Stopped()) {
       const Deadline deadline = std::chrono::steady_clock::now() + std::chrono::hours(24);
       if (!WaitReadable(listener.get(), stopRead.get(), deadline)) continue;
-      const Socket client(::accept(listener.get(), nullptr, nullptr));
-      if (!client) continue;
-      const Result<std::string> request =
-          ReadLine(client.get(), stopRead.get(), std::chrono::steady_clock::now() + kRequestTime);
-      if (request.ok()) WriteLine(client.get(), handler(*request));
+      Socket client(::accept(listener.get(), nullptr, nullptr));
+      JoinFinished();
+      if (client && connections.size() < kMostConnections) Start(std::move(client));
     }
+  }
+
+  void Start(Socket client) {
+    Connection& connection = connections.emplace_back();
+    connection.thread = std::thread([this, &connection, socket = std::move(client)] {
+      const Result<std::string> request =
+          ReadLine(socket.get(), stopRead.get(), std::chrono::steady_clock::now() + kRequestTime);
+      if (request.ok()) WriteLine(socket.get(), handler(*request));
+      connection.done = true;
+    });
+  }
+
+  void JoinFinished() {
+    connections.remove_if([](Connection& connection) {
+      if (connection.done) connection.thread.join();
+      return connection.done.load();
+    });
   }
 
   bool Stopped() const {
@@ -172,6 +196,7 @@ LocalChannelServer::LocalChannelServer(std::unique_ptr<State> state) : m_state(s
 LocalChannelServer::~LocalChannelServer() {
   const char byte = 1;
   if (::write(m_state->stopWrite.get(), &byte, 1) == 1) m_state->thread.join();
+  for (State::Connection& connection : m_state->connections) connection.thread.join();
   ::unlink(m_state->path.c_str());
 }
 

@@ -16,11 +16,11 @@ namespace quill::platform {
 /// Fails when the folder belongs to somebody else or lets others in.
 Result<std::filesystem::path> LocalChannelPath(const std::filesystem::path& root);
 
-/// Answers one-line requests from other processes of the same user, one at a time, on a thread of its own.
+/// Answers one-line requests from other processes of the same user, each on a thread of its own.
 class LocalChannelServer {
  public:
-  /// Gets the request line and returns the answer line, both without the line end. Runs on the server's
-  /// thread; may take as long as the work takes.
+  /// Gets the request line and returns the answer line, both without the line end. Runs on a thread of the
+  /// server's, several at once; may take as long as the work takes.
   using Handler = std::function<std::string(std::string_view request)>;
 
   /// Starts to listen. Fails when another process listens there already (the path is then left alone); a

@@ -80,6 +80,26 @@ bool IsPress(const script::Step& step, std::string_view text) {
   return key != nullptr && key->text == text && key->modifiers == Modifiers{.command = true};
 }
 
+/// Takes the next scripted answer, or the fallback when there is none left.
+template <class T>
+T Next(std::deque<T>& answers, T fallback) {
+  if (answers.empty()) return fallback;
+  T answer = std::move(answers.front());
+  answers.pop_front();
+  return answer;
+}
+
+class RecordedProgress final : public Progress {
+ public:
+  explicit RecordedProgress(std::optional<int> steps) : m_steps(steps) {}
+  void Set(double, std::string_view) override { ++m_taken; }
+  bool Cancelled() const override { return m_steps && m_taken >= *m_steps; }
+
+ private:
+  std::optional<int> m_steps;
+  int m_taken = 0;
+};
+
 }  // namespace
 
 void Recording::Record(std::string_view entry) {
@@ -197,7 +217,52 @@ void Recording::ShowMessage(std::string_view text) {
 
 bool Recording::AskYesNo(std::string_view question) {
   Record(fmt::format("ask {}", question));
-  return false;
+  return Next(m_yesNo, false);
+}
+
+std::vector<std::filesystem::path> Recording::AskOpenPaths(const OpenPanel& panel) {
+  Record(fmt::format("open panel {}", panel.title));
+  return Next<std::vector<std::filesystem::path>>(m_openPaths, {});
+}
+
+std::optional<std::string> Recording::AskText(const TextQuestion& question) {
+  Record(fmt::format("ask text {}", question.label));
+  return Next<std::optional<std::string>>(m_texts, std::nullopt);
+}
+
+std::unique_ptr<Progress> Recording::BeginProgress(std::string_view title) {
+  Record(fmt::format("progress {}", title));
+  return std::make_unique<RecordedProgress>(m_progressSteps);
+}
+
+void Recording::ShowWindow(std::any request) {
+  Record("show window");
+  m_windows.push_back(std::move(request));
+}
+
+std::any Recording::RunWindow(std::any request) {
+  Record("run window");
+  std::any answer = Next<std::any>(m_dialogAnswers[std::type_index(request.type())], {});
+  m_windows.push_back(std::move(request));
+  return answer;
+}
+
+Status<> Recording::RecordOpening(std::string_view entry) {
+  Record(entry);
+  if (!m_openProblem.empty()) return Failure{m_openProblem};
+  return Done();
+}
+
+Status<> Recording::OpenUrl(std::string_view url) {
+  return RecordOpening(fmt::format("open url {}", url));
+}
+
+Status<> Recording::OpenFile(const std::filesystem::path& file) {
+  return RecordOpening(fmt::format("open file {}", file.string()));
+}
+
+Status<> Recording::Reveal(const std::filesystem::path& file) {
+  return RecordOpening(fmt::format("reveal {}", file.string()));
 }
 
 std::optional<std::filesystem::path> Recording::AskSavePath(const SavePanel& panel) {

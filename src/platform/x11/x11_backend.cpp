@@ -1,5 +1,7 @@
 #include "platform/x11/x11_backend.h"
 
+#include "platform/posix/preferred_languages.h"
+#include "platform/posix/xdg_workspace.h"
 #include "platform/x11/x11_desktop.h"
 
 namespace quill::platform::x11 {
@@ -55,6 +57,16 @@ Result<std::unique_ptr<NativeBackend>> OpenNativeBackend(std::function<std::stri
   auto backend = x11::X11Backend::Open(nullptr, std::move(targetPattern));
   if (!backend.ok()) return Failure{backend.error()};
   return std::unique_ptr<NativeBackend>(std::move(*backend));
+}
+
+const bool kFindsWindowsByTitle = true;
+
+std::vector<std::string> PreferredLanguages() {
+  return LanguagesOfEnvironment();
+}
+
+std::unique_ptr<Workspace> OpenWorkspace() {
+  return std::make_unique<XdgWorkspace>();
 }
 
 }  // namespace quill::platform

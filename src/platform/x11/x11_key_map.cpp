@@ -1,7 +1,9 @@
 #include "platform/x11/x11_key_map.h"
 
 #include <algorithm>
+#include <charconv>
 #include <string_view>
+#include <utility>
 
 namespace quill::platform::x11 {
 namespace {
@@ -13,7 +15,8 @@ constexpr int kColumnsOfGroup = 2;
 constexpr xcb_keysym_t kBackSpace = 0xff08, kTab = 0xff09, kReturn = 0xff0d, kEscape = 0xff1b, kHome = 0xff50,
                        kLeft = 0xff51, kUp = 0xff52, kRight = 0xff53, kDown = 0xff54, kPageUp = 0xff55,
                        kPageDown = 0xff56, kEnd = 0xff57, kNumLock = 0xff7f, kScrollLock = 0xff14,
-                       kShift = 0xffe1, kControl = 0xffe3, kAlt = 0xffe9, kDelete = 0xffff;
+                       kShift = 0xffe1, kControl = 0xffe3, kAlt = 0xffe9, kDelete = 0xffff,
+                       kAltRight = 0xffea, kSuper = 0xffeb, kSuperRight = 0xffec, kF1 = 0xffbe;
 
 struct CarbonKey {
   int code;
@@ -37,14 +40,14 @@ constexpr CarbonKey kCarbonKeys[] = {
     {126, kUp},
 };
 
-/// The letters by their key codes on a US keyboard: three rows of neighbours.
-std::optional<xcb_keycode_t> UsPlace(char letter) {
+/// Digits and letters by their key codes on a US keyboard: four rows of neighbours.
+std::optional<xcb_keycode_t> UsPlace(char character) {
   constexpr struct {
     xcb_keycode_t first;
     std::string_view letters;
-  } kRows[] = {{24, "qwertyuiop"}, {38, "asdfghjkl"}, {52, "zxcvbnm"}};
+  } kRows[] = {{10, "1234567890"}, {24, "qwertyuiop"}, {38, "asdfghjkl"}, {52, "zxcvbnm"}};
   for (const auto& row : kRows) {
-    const std::size_t at = row.letters.find(letter);
+    const std::size_t at = row.letters.find(character);
     if (at != std::string_view::npos) return static_cast<xcb_keycode_t>(row.first + at);
   }
   return std::nullopt;
@@ -143,10 +146,45 @@ std::optional<KeyChord> X11KeyMap::ForCarbonCode(int code, const script::Modifie
   return std::nullopt;
 }
 
+std::optional<xcb_keycode_t> X11KeyMap::ForName(std::string_view name) const {
+  if (name.size() == 1) {
+    const std::optional<KeyChord> chord = ForCharacter(Lower(name.front()), {});
+    return chord ? std::optional(chord->key) : std::nullopt;
+  }
+  xcb_keysym_t symbol = ' ';
+  if (name.size() > 1 && name.front() == 'F') {
+    unsigned number = 0;
+    std::from_chars(name.data() + 1, name.data() + name.size(), number);
+    symbol = kF1 + number - 1;
+  }
+  const std::optional<Place> place = Find(symbol, 0);
+  return place ? std::optional(place->key) : std::nullopt;
+}
+
+std::optional<std::uint16_t> X11KeyMap::MaskFor(const KeyCombination& keys) const {
+  const auto either = [this](xcb_keysym_t left, xcb_keysym_t right) {
+    const std::uint16_t mask = MaskOf(left);
+    return mask != 0 ? mask : MaskOf(right);
+  };
+  const std::pair<bool, std::uint16_t> wanted[] = {{keys.control, XCB_MOD_MASK_CONTROL},
+                                                   {keys.shift, XCB_MOD_MASK_SHIFT},
+                                                   {keys.option, either(kAlt, kAltRight)},
+                                                   {keys.command, either(kSuper, kSuperRight)}};
+  std::uint16_t mask = 0;
+  for (const auto& [held, bit] : wanted) {
+    if (held && bit == 0) return std::nullopt;
+    if (held) mask |= bit;
+  }
+  return mask;
+}
+
 std::uint16_t X11KeyMap::MaskOf(xcb_keysym_t symbol) const {
-  for (std::size_t i = 0; i < m_modifierKeys.size(); ++i) {
-    if (m_modifierKeys[i] != 0 && SymbolAt(m_modifierKeys[i], 0) == symbol) {
-      return static_cast<std::uint16_t>(1u << (i / m_keysPerModifier));
+  // The second column, too: a key that exists for its modifier alone may have its symbol there only.
+  for (int column = 0; column < kColumnsOfGroup; ++column) {
+    for (std::size_t i = 0; i < m_modifierKeys.size(); ++i) {
+      if (m_modifierKeys[i] != 0 && SymbolAt(m_modifierKeys[i], column) == symbol) {
+        return static_cast<std::uint16_t>(1u << (i / m_keysPerModifier));
+      }
     }
   }
   return 0;

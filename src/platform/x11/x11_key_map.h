@@ -1,8 +1,10 @@
 #pragma once
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "platform/key_combination.h"
 #include "platform/script/script_step.h"
 #include "platform/x11/x11_connection.h"
 
@@ -33,6 +35,14 @@ class X11KeyMap {
   /// The names of the modifiers that are down now, on the keyboard or as sticky keys; Caps Lock, Num Lock
   /// and Scroll Lock are none.
   std::vector<std::string> HeldModifiers() const;
+
+  /// The key of a name as `KeyCombination` has it ("D", "5", "F5", "Space"), whatever must be held to type
+  /// it: where the layout in use has it, else its place on a US keyboard. Nothing when there is none.
+  std::optional<xcb_keycode_t> ForName(std::string_view name) const;
+
+  /// The modifier mask of a combination, with Alt and Super wherever this keyboard has them; nothing when it
+  /// lacks one.
+  std::optional<std::uint16_t> MaskFor(const KeyCombination& keys) const;
 
   /// Modifier masks of the lock keys (Caps Lock, Num Lock, Scroll Lock), each one a single bit.
   std::vector<std::uint16_t> LockMasks() const;

@@ -48,3 +48,7 @@ enum : NSAppleEventSendOptions {
 - (NSInteger)clearContents;
 - (BOOL)writeObjects:(NSArray*)objects;
 @end
+
+@interface NSWorkspace (Shim)
+- (void)activateFileViewerSelectingURLs:(NSArray*)fileURLs;
+@end

@@ -26,8 +26,8 @@ struct EventHotKeyID {
   UInt32 id;
 };
 
-enum { noErr = 0, eventHotKeyExistsErr = -9878 };
-enum { shiftKey = 1 << 9, optionKey = 1 << 11, controlKey = 1 << 12 };
+enum { noErr = 0, eventHotKeyExistsErr = -9878, eventHotKeyInvalidErr = -9879 };
+enum { cmdKey = 1 << 8, shiftKey = 1 << 9, optionKey = 1 << 11, controlKey = 1 << 12 };
 enum { kEventHotKeyPressed = 5, kEventHotKeyNoOptions = 0 };
 enum : OSType {
   kEventClassKeyboard = 0x6B657962,

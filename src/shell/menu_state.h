@@ -1,0 +1,34 @@
+#pragma once
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "shell/command_table.h"
+
+namespace quill::shell {
+
+/// One of the user's favourite pages or sections in the menu.
+struct FavouriteItem {
+  std::string title;
+  std::int64_t argument;  ///< what its action is given
+};
+
+/// What the menu shows besides the table: what is there, what is on.
+struct MenuState {
+  bool oneNoteRunning = false;
+  bool signedIn = false;
+  bool wordInstalled = false;
+  bool startWithMonday = false;
+  std::vector<FavouriteItem> favouritePages;
+  std::vector<FavouriteItem> favouriteSections;
+};
+
+/// Looks at the desktop and the settings. Command thread.
+MenuState LookAtMenuState(platform::Desktop& desktop, const Globals& globals);
+
+/// The string-table key of the reason why an action cannot run now; empty when it can. What is selected in
+/// OneNote cannot be known without a copy, so a missing selection is told when the action runs.
+std::string_view WhyNotNow(const CommandRow& row, const MenuState& state);
+
+}  // namespace quill::shell

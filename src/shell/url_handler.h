@@ -1,0 +1,14 @@
+#pragma once
+#include <string_view>
+
+namespace quill::shell {
+
+struct CommandContext;
+
+/// True for a link that this program is asked to open by the system: "qvar://" in lower case.
+bool IsVariableLink(std::string_view url);
+
+/// What a click on such a link does, with the whole raw text. Command thread.
+void ResponseClickOnVarLink(CommandContext& context, std::string_view url);
+
+}  // namespace quill::shell

@@ -1,0 +1,20 @@
+#pragma once
+#include <QKeySequence>
+#include <QString>
+
+#include "platform/hot_keys.h"
+#include "shell/string_table.h"
+
+namespace quill::ui {
+
+/// A combination as the user reads it: "Ctrl+Alt+Shift+D", on macOS the symbols of its menus.
+QString HotKeyText(const platform::KeyCombination& keys);
+
+/// The combination for an entry of a menu.
+QKeySequence KeySequence(const platform::KeyCombination& keys);
+
+/// Why a combination cannot be used, as a sentence; empty when it can.
+QString HotKeyProblemText(const shell::StringTable& strings, const platform::KeyCombination& keys,
+                          platform::HotKeyProblem problem, const std::string& detail);
+
+}  // namespace quill::ui

@@ -1,0 +1,78 @@
+#include <QApplication>
+
+#include "shell/window_requests.h"
+#include "ui/program.h"
+#include "ui/windows/image/win_image.h"
+#include "ui/windows/win_about.h"
+#include "ui/windows/win_ruler.h"
+#include "ui/windows/win_test.h"
+
+namespace quill::ui {
+
+void Program::AddHosts() {
+  m_options = std::make_unique<OptionsHost>(OptionsHost::Parts{
+      m_strings, m_clock, *m_application, [this](const shell::Settings& settings) { UseSettings(settings); },
+      [this](const std::string& action) { RunAction(*shell::FindCommand(action), {}); },
+      [this](const std::string& problem) { m_ui.Tell(problem); }});
+}
+
+void Program::AddWindows() {
+  m_windows.AddWindow<shell::MenuRequest>([this](const auto&) -> QWidget* {
+    m_tray.ShowMenu();
+    return nullptr;
+  });
+  m_windows.AddWindow<shell::PaletteRequest>([this](const auto&) -> QWidget* {
+    RefreshMenu();
+    m_palette.Open();
+    return nullptr;
+  });
+  m_windows.AddWindow<shell::OptionsRequest>([this](const shell::OptionsRequest& request) -> QWidget* {
+    m_options->Open(request.page);
+    return nullptr;
+  });
+  m_windows.AddWindow<shell::PracticeRequest>([this](const auto&) -> QWidget* {
+    OpenPractice();
+    return nullptr;
+  });
+  m_windows.AddWindow<shell::NoticeRequest>([this](const shell::NoticeRequest& notice) -> QWidget* {
+    m_ui.Tell(notice.text);
+    return nullptr;
+  });
+  m_windows.AddWindow<shell::QuitRequest>([](const auto&) -> QWidget* {
+    QApplication::quit();
+    return nullptr;
+  });
+}
+
+void Program::AddToolWindows() {
+  m_windows.AddWindow<shell::TextRequest>(
+      [this](const shell::TextRequest& request) { return new MWinTest(m_strings, request); });
+  m_windows.AddWindow<shell::AboutRequest>([this](const auto&) { return OpenAbout(); });
+  m_windows.AddWindow<shell::RulerRequest>(
+      [this](const auto&) { return new MWinRuler(m_strings, m_rulers); });
+  m_windows.AddWindow<shell::ImageRequest>(
+      [this](const shell::ImageRequest& request) { return OpenImage(request.file); });
+}
+
+QWidget* Program::OpenAbout() {
+  return ShowOne<MWinAbout>([this] {
+    AboutFacts facts{m_folders.SettingsFile, m_folders.SupportFolder, LicenseText(), ThirdPartyNotices(), {}};
+    facts.showFolder = [this](const std::filesystem::path& folder) {
+      // Off this thread: a file manager may take its time to answer.
+      m_application->Post([this, folder](shell::Globals&) {
+        const Status<> shown = m_workspace->Reveal(folder);
+        if (!shown.ok()) m_ui.ShowWindow(shell::NoticeRequest{m_strings.Format("errOpen", {shown.error()})});
+      });
+    };
+    return new MWinAbout(m_strings, std::move(facts));
+  });
+}
+
+QWidget* Program::OpenImage(const std::filesystem::path& file) {
+  auto* window = new MWinImage({m_strings, m_imagePanels, m_folders.TmpFolder,
+                                [this](const std::filesystem::path& png) { PastePicture(png); }});
+  window->Open(file);
+  return window;
+}
+
+}  // namespace quill::ui

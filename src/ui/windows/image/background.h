@@ -1,0 +1,28 @@
+#pragma once
+#include <QCoreApplication>
+#include <QMetaObject>
+#include <QPointer>
+#include <QThreadPool>
+#include <functional>
+#include <utility>
+
+namespace quill::ui {
+
+/// Runs `work` on another thread and hands what it returns to `done` on the GUI thread, unless `receiver` is
+/// gone by then. `work` must not touch widgets. GUI thread.
+template <class T>
+void RunInBackground(QObject* receiver, std::function<T()> work, std::function<void(T)> done) {
+  // The pointer is only looked at on the GUI thread, where the receiver lives and dies.
+  QThreadPool::globalInstance()->start(
+      [alive = QPointer<QObject>(receiver), work = std::move(work), done = std::move(done)]() mutable {
+        auto result = std::make_shared<T>(work());
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(),
+            [alive, result, done = std::move(done)] {
+              if (!alive.isNull()) done(std::move(*result));
+            },
+            Qt::QueuedConnection);
+      });
+}
+
+}  // namespace quill::ui
