@@ -1,5 +1,6 @@
-// Draws the icons' SVG files into PNG files of every size that menu bars, trays and bundles ask for, and writes
-// the resource list that names them. Runs at build time, so that the program itself needs no SVG renderer.
+// Draws the icons' SVG files into PNG files of every size that menu bars, trays and bundles ask for, and
+// writes the resource list that names them. Runs at build time, so that the program itself needs no SVG
+// renderer.
 //   render_icons FOLDER FILE.svg…
 #include <QFile>
 #include <QFileInfo>

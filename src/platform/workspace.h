@@ -7,13 +7,14 @@
 namespace quill::platform {
 
 /// Hands files and addresses to the system's own programs. Called from the command thread; returns as soon as
-/// the system has taken the order, which does not mean that a window is there. A failure says why, for the user.
+/// the system has taken the order, which does not mean that a window is there. A failure says why, for the
+/// user.
 class Workspace {
  public:
   virtual ~Workspace() = default;
 
-  /// Opens an address with the program that the system has for its scheme. The text is handed on as it stands,
-  /// never through a URL class.
+  /// Opens an address with the program that the system has for its scheme. The text is handed on as it
+  /// stands, never through a URL class.
   virtual Status<> OpenUrl(std::string_view url) = 0;
 
   /// Opens a file or folder with the program that the system has for it.

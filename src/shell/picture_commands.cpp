@@ -126,10 +126,12 @@ std::int64_t OpenPicture(TransformContext& context) {
 }
 
 void ImageCropViaImageFormat(TransformContext& context) {
+  if (context.bridge.CopyFailed()) return context.bridge.ShowCopyProblem();
   Show(context, CopiedPicture(context));
 }
 
 void OpenPictureViaImageFormat(TransformContext& context) {
+  if (context.bridge.CopyFailed()) return context.bridge.ShowCopyProblem();
   Open(context, CopiedPicture(context));
 }
 

@@ -180,6 +180,11 @@ void SelectionBridge::ShowMessage(std::string_view text) {
   m_services.ui.ShowMessage(text);
 }
 
+bool SelectionBridge::CopyFailed() const {
+  return !m_readProblemKey.empty() ||
+         (m_problem != ScriptProblem::None && m_problem != ScriptProblem::NothingCopied);
+}
+
 void SelectionBridge::ShowCopyProblem() {
   std::string_view key = m_readProblemKey;
   if (key.empty()) key = platform::ScriptProblemKey(m_problem);

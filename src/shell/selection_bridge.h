@@ -67,6 +67,9 @@ class SelectionBridge {
   /// A modal alert with this text.
   void ShowMessage(std::string_view text);
 
+  /// True when the last copy failed; false when it brought nothing because nothing of that form was there.
+  bool CopyFailed() const;
+
   /// Tells the user, in words to act on, why the last copy brought nothing.
   void ShowCopyProblem();
 

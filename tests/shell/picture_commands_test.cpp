@@ -117,6 +117,16 @@ TEST_F(PictureCommands, TakeThePictureFromThePasteboard) {
   EXPECT_EQ(ReadFile(other).ValueOr(""), "precious");
 }
 
+// When the copy itself failed, "select a picture" would send the user the wrong way.
+TEST_F(PictureCommands, TellWhyTheCopyFailed) {
+  for (const std::int64_t command : {kView, kOpen}) {
+    CommandWorld world;
+    world.recording.FailScripts({platform::ScriptProblem::TargetMissing});
+    NSOneNoteMain(world.services, world.globals).Run(command);
+    EXPECT_EQ(world.recording.messages(), std::vector<std::string>{Text("errScriptTargetMissing")});
+  }
+}
+
 // Without a picture, and when it cannot be kept or opened, the user is told; the clipboard that they had
 // before is never mistaken for the selection.
 TEST_F(PictureCommands, TellWhyThereIsNoPicture) {
