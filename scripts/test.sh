@@ -17,7 +17,7 @@ step "sanitizers: build and tests"
 build asan-ubsan all
 ctest --preset asan-ubsan -j 2 --no-tests=error
 step "release build"
-build release all
+build release quillmenu quill quillweb
 step "debug build, lint and all tests"
 build debug all
 scripts/lint.sh

@@ -13,6 +13,7 @@
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "platform/clock.h"
+#include "platform/posix/link_handler.h"
 #include "platform/posix/local_channel.h"
 #include "shell/globals.h"
 
@@ -87,12 +88,27 @@ Finding LookAtTool(const std::string& name, const std::string& use) {
   return {name, false, fmt::format("not installed; needed for {}", use)};
 }
 
+Finding LookAtLinks() {
+  if (!platform::UsesDesktopEntries()) return {"qvar:// links", true, "opened by the application's bundle"};
+  const std::string entry = platform::DesktopEntryForScheme("qvar");
+  if (entry == "quillmenu.desktop") return {"qvar:// links", true, entry};
+  if (!entry.empty()) {
+    return {
+        "qvar:// links", false,
+        fmt::format("opened by {}; `xdg-mime default quillmenu.desktop x-scheme-handler/qvar` changes that",
+                    entry)};
+  }
+  return {"qvar:// links", false,
+          "nobody opens them; `cmake --install` puts quillmenu.desktop where the desktop looks for it"};
+}
+
 std::vector<Finding> Examine(const Call& call) {
   const shell::Globals globals = shell::OpenGlobals(call.root, platform::SystemClock());
   return {LookAtFolders(globals),
           LookAtSettings(globals),
           LookAtDisplay(),
           LookAtApplication(call),
+          LookAtLinks(),
           LookAtTool("highlight", "coloured source code"),
           LookAtTool("zip", "notebook packages"),
           LookAtTool("unzip", "notebook packages"),

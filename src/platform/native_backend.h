@@ -40,13 +40,15 @@ Result<std::unique_ptr<NativeBackend>> OpenNativeBackend(std::function<std::stri
 /// True where OneNote's window is found by a pattern of its title or class. Each platform library defines it.
 extern const bool kFindsWindowsByTitle;
 
-/// This platform's own hot keys; each platform library defines it. Fails with a text for the reader. GUI thread.
+/// This platform's own hot keys; each platform library defines it. Fails with a text for the reader. GUI
+/// thread.
 Result<std::unique_ptr<HotKeyRegistrar>> OpenNativeHotKeys();
 
 /// The system's link events; null where links come on the command line instead. GUI thread, once.
 std::unique_ptr<UrlEvents> OpenUrlEvents();
 
-/// The languages that the user wants, best first, as the system names them ("de-AT", "zh_CN.UTF-8"). Any thread.
+/// The languages that the user wants, best first, as the system names them ("de-AT", "zh_CN.UTF-8"). Any
+/// thread.
 std::vector<std::string> PreferredLanguages();
 
 /// Hands files and addresses to the system. Any thread.

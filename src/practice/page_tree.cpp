@@ -1,4 +1,5 @@
 #include "practice/page_tree.h"
+#include "ui/kit/qt_text.h"
 
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
@@ -18,10 +19,6 @@ class RoomyRows final : public QStyledItemDelegate {
   }
 };
 
-QString ToQt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 }  // namespace
 
 PageTree::PageTree(const shell::StringTable& strings, QWidget* parent)
@@ -32,7 +29,7 @@ PageTree::PageTree(const shell::StringTable& strings, QWidget* parent)
   setUniformRowHeights(true);
   setFrameShape(QFrame::NoFrame);
   setItemDelegate(new RoomyRows(this));
-  setAccessibleName(ToQt(strings.Text("strPracticePages")));
+  setAccessibleName(ui::ToQt(strings.Text("strPracticePages")));
   connect(this, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
     if (!item || item->data(0, kName).isNull()) return;
     emit Chosen(item->data(0, kSection).toString(), item->data(0, kName).toString());
@@ -44,7 +41,7 @@ void PageTree::ShowPages(const std::vector<PageEntry>& pages, const PageAddress&
   clear();
   QTreeWidgetItem* section = nullptr;
   for (const PageEntry& page : pages) {
-    const QString sectionName = ToQt(page.address.section);
+    const QString sectionName = ui::ToQt(page.address.section);
     if (!section || section->text(0) != sectionName) {
       section = new QTreeWidgetItem(this, {sectionName});
       section->setData(0, kSection, sectionName);
@@ -54,11 +51,11 @@ void PageTree::ShowPages(const std::vector<PageEntry>& pages, const PageAddress&
       section->setFont(0, bold);
       section->setExpanded(true);
     }
-    const QString title = ToQt(page.title.empty() ? m_strings.Text("strPracticeUntitled") : page.title);
+    const QString title = ui::ToQt(page.title.empty() ? m_strings.Text("strPracticeUntitled") : page.title);
     auto* item = new QTreeWidgetItem(section, {title});
     item->setToolTip(0, title);
     item->setData(0, kSection, sectionName);
-    item->setData(0, kName, ToQt(page.address.name));
+    item->setData(0, kName, ui::ToQt(page.address.name));
     if (page.address == open) setCurrentItem(item);
   }
 }

@@ -9,6 +9,7 @@
 #include "practice/page_tree.h"
 #include "practice/page_view.h"
 #include "practice/practice_window.h"
+#include "ui/kit/qt_text.h"
 
 namespace quill::practice {
 namespace {
@@ -20,10 +21,6 @@ using platform::script::Modifiers;
 constexpr Modifiers kCommand{.command = true};
 constexpr Modifiers kCommandShift{.command = true, .shift = true};
 constexpr Modifiers kCommandControl{.command = true, .control = true};
-
-QString ToQt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 ScriptProblem ProblemOf(ClipboardOutcome outcome, ScriptProblem whenNothing) {
   switch (outcome) {
@@ -61,7 +58,7 @@ void PracticeWindow::MakeActions() {
 
 QAction* PracticeWindow::AddAction(const char* textKey, const QList<QKeySequence>& keys,
                                    std::function<void()> action) {
-  auto* added = new QAction(ToQt(m_strings.Text(textKey)), this);
+  auto* added = new QAction(ui::ToQt(m_strings.Text(textKey)), this);
   added->setObjectName(textKey);
   added->setShortcuts(keys);
   connect(added, &QAction::triggered, this, std::move(action));
@@ -83,11 +80,11 @@ void PracticeWindow::MakeToolBar() {
 
 void PracticeWindow::Press(const Keys& keys, Outcome done) {
   using platform::script::kKeyCodeDelete;
-  const QString key = ToQt(keys.text).toLower();
+  const QString key = ui::ToQt(keys.text).toLower();
   if (keys.text.empty() && keys.keyCode == kKeyCodeDelete && keys.modifiers == Modifiers{}) {
     CallPage("pressDelete", {}, std::move(done));
   } else if (!keys.text.empty() && keys.modifiers == Modifiers{}) {
-    CallPage("type", {ToQt(keys.text)}, std::move(done));
+    CallPage("type", {ui::ToQt(keys.text)}, std::move(done));
   } else if (keys.modifiers == kCommand && key == "c") {
     Copy(std::move(done));
   } else if (keys.modifiers == kCommand && key == "x") {
@@ -141,7 +138,7 @@ void PracticeWindow::CopyLink(Outcome done) {
   m_view->Call("titleText", {}, [this, open = *m_open, done = std::move(done)](const QVariant& title) {
     if (!title.isValid()) return done(ScriptProblem::NoAnswer);
     QGuiApplication::clipboard()->setText(
-        PageLinkText(m_links, ToQt(open.address.section), title.toString(), ToQt(open.page.id)));
+        PageLinkText(m_links, ui::ToQt(open.address.section), title.toString(), ui::ToQt(open.page.id)));
     Say("strPracticeCopiedLink");
     done(ScriptProblem::None);
   });
@@ -163,8 +160,9 @@ void PracticeWindow::NewPage(Outcome done) {
 
 void PracticeWindow::Ask(std::string_view key, const std::vector<std::string>& arguments,
                          std::function<void()> yes) {
-  auto* box = new QMessageBox(QMessageBox::Question, windowTitle(), ToQt(m_strings.Format(key, arguments)),
-                              QMessageBox::Yes | QMessageBox::No, this);
+  auto* box =
+      new QMessageBox(QMessageBox::Question, windowTitle(), ui::ToQt(m_strings.Format(key, arguments)),
+                      QMessageBox::Yes | QMessageBox::No, this);
   box->setAttribute(Qt::WA_DeleteOnClose);
   box->setTextFormat(Qt::PlainText);
   box->setDefaultButton(QMessageBox::No);

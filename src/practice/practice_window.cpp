@@ -9,6 +9,7 @@
 
 #include "practice/page_tree.h"
 #include "practice/page_view.h"
+#include "ui/kit/qt_text.h"
 
 namespace quill::practice {
 namespace {
@@ -16,10 +17,6 @@ namespace {
 using platform::ScriptProblem;
 
 constexpr auto kSavePause = std::chrono::milliseconds(300);
-
-QString ToQt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 }  // namespace
 
@@ -31,7 +28,7 @@ PracticeWindow::PracticeWindow(PageStore store, LinkBase links, const shell::Str
       m_tree(new PageTree(strings)),
       m_status(new QLabel),
       m_clipboard(*m_view, m_store.Folder() / ".clipboard") {
-  setWindowTitle(ToQt(strings.Text("menuPracticeNotebook")));
+  setWindowTitle(ui::ToQt(strings.Text("menuPracticeNotebook")));
   resize(1080, 720);
   auto* splitter = new QSplitter(this);
   splitter->addWidget(m_tree);
@@ -77,7 +74,7 @@ PracticeWindow::Outcome PracticeWindow::Quietly() const {
 }
 
 void PracticeWindow::Say(std::string_view key, const std::vector<std::string>& arguments) {
-  m_status->setText(ToQt(m_strings.Format(key, arguments)));
+  m_status->setText(ui::ToQt(m_strings.Format(key, arguments)));
 }
 
 void PracticeWindow::Open(Outcome done) {
@@ -123,7 +120,7 @@ void PracticeWindow::Load(const PageAddress& address, Outcome done) {
   const std::optional<OpenedPage> before = m_open;
   m_open = OpenedPage{++m_lastKey, address, *page};
   Refresh();
-  m_view->Call("show", {m_lastKey, ToQt(page->title), ToQt(page->body)},
+  m_view->Call("show", {m_lastKey, ui::ToQt(page->title), ui::ToQt(page->body)},
                [this, before, done = std::move(done)](const QVariant& answer) {
                  if (!answer.isValid()) return done(ScriptProblem::NoAnswer);
                  if (before) Note(*before, answer.toMap());

@@ -86,6 +86,12 @@ Application::Application(Parts parts)
 
 Application::~Application() = default;
 
+void Application::ReadChangedSettings() {
+  if (!m_settingsWatch.Changed()) return;
+  LoadSettings(m_parts.globals);
+  if (m_parts.onSettingsRead) m_parts.onSettingsRead(m_parts.globals.settings);
+}
+
 Outcome Application::Execute(const JobOptions& options, const Job& job) {
   Outcome outcome;
   outcome.ran = true;
@@ -97,7 +103,7 @@ Outcome Application::Execute(const JobOptions& options, const Job& job) {
   }
   platform::UserInterface& ui =
       options.messagesToCaller ? static_cast<platform::UserInterface&>(collecting) : m_parts.ui;
-  if (m_settingsWatch.Changed()) LoadSettings(m_parts.globals);
+  ReadChangedSettings();
   const platform::Backend backend = m_parts.chooseBackend();
   explain.Note(std::string("target: ").append(backend.name));
   Services services{*backend.desktop, *backend.pasteboard, m_parts.workspace, ui,
@@ -153,7 +159,7 @@ void Application::Post(std::function<void(Globals&)> job) {
 
 void Application::AskMenuState(std::function<void(const MenuState&)> done) {
   m_thread->Post([this, done = std::move(done)] {
-    if (m_settingsWatch.Changed()) LoadSettings(m_parts.globals);
+    ReadChangedSettings();
     done(LookAtMenuState(*m_parts.chooseBackend().desktop, m_parts.globals));
   });
 }

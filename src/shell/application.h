@@ -50,6 +50,8 @@ class Application {
     platform::Workspace& workspace;
     platform::Desktop& idleSource;  ///< tells the idle time to the housekeeping
     Log& log;
+    /// Told, on the command thread, that the settings file was written and has been read again.
+    std::function<void(const Settings& settings)> onSettingsRead = nullptr;
   };
 
   explicit Application(Parts parts);
@@ -100,6 +102,7 @@ class Application {
   void Start(std::string name, JobOptions options, Job job, const std::function<void(Outcome)>& done);
   Outcome Execute(const JobOptions& options, const Job& job);
   std::string AnswerUrl(std::string url);
+  void ReadChangedSettings();
 
   Parts m_parts;
   Housekeeping m_housekeeping;

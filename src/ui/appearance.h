@@ -1,5 +1,6 @@
 #pragma once
 #include <QPalette>
+#include <functional>
 
 #include "platform/qt/portal_appearance.h"
 
@@ -9,7 +10,8 @@ namespace quill::ui {
 /// that tell it through the portal only. A style that is dark already is left alone. GUI thread.
 class Appearance {
  public:
-  Appearance();
+  /// `atStart` is told the desktop's first answer; a change of mind later is not its business.
+  explicit Appearance(std::function<void(bool dark)> atStart);
 
   /// Begins to follow; asks the desktop without waiting.
   void Start() { m_portal.Start(); }
@@ -17,6 +19,7 @@ class Appearance {
  private:
   void Use(platform::qt::ColorScheme scheme);
 
+  std::function<void(bool dark)> m_atStart;
   QPalette m_own;  ///< the style's palette, as it was at start
   platform::qt::PortalAppearance m_portal;
 };

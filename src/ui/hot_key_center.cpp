@@ -35,7 +35,7 @@ HotKeyCenter::HotKeyCenter(std::function<void(const shell::CommandRow&)> onPress
 
 HotKeyCenter::~HotKeyCenter() = default;
 
-void HotKeyCenter::Use(std::string setting, Names names) {
+void HotKeyCenter::Use(const std::string& setting, Names names) {
   m_names = std::move(names);
   m_state.clear();
   for (shell::HotKeyAssignment& one : shell::AssignedHotKeys(setting))

@@ -44,7 +44,7 @@ class HotKeyCenter final : public QObject {
   /// Registers the keys of the setting `HotKeys` instead of those before. `names` says what an action is
   /// called, for desktops that list the keys. Returns at once; everything is done from the event loop, where
   /// no call waits on a bus.
-  void Use(std::string setting, Names names);
+  void Use(const std::string& setting, Names names);
 
   /// Sets who is told when the keys' state is known and whenever it changes.
   void OnStateChanged(std::function<void(const std::vector<HotKeyState>&)> handler) {

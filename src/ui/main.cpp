@@ -13,6 +13,7 @@
 #include "platform/posix/local_channel.h"
 #include "platform/posix/memory_policy.h"
 #include "shell/url_handler.h"
+#include "ui/kit/plain_style.h"
 #include "ui/program.h"
 #include "ui/quill_icon.h"
 #include "ui/tour.h"
@@ -94,6 +95,7 @@ int main(int argc, char** argv) {
   if (HandOver(*arguments)) return 0;
   quill::platform::KeepFreedMemory();
   QApplication app(argc, argv);
+  quill::ui::PlainStyle::UseWhereNothingIsNative();
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setApplicationName(QStringLiteral("Quill Menu"));
   QGuiApplication::setDesktopFileName(QStringLiteral("quillmenu"));

@@ -1,10 +1,9 @@
 #include "ui/options_host.h"
 
-#include <QCoreApplication>
-#include <QMetaObject>
 #include <algorithm>
 
 #include "platform/native_backend.h"
+#include "ui/kit/on_gui.h"
 #include "ui/kit/window_place.h"
 
 namespace quill::ui {
@@ -15,10 +14,6 @@ bool TakesKeys(const std::vector<HotKeyState>& states) {
   return states.empty() || !std::all_of(states.begin(), states.end(), [](const HotKeyState& state) {
            return state.problem == platform::HotKeyProblem::NotSupported;
          });
-}
-
-void OnGui(std::function<void()> work) {
-  QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(work), Qt::QueuedConnection);
 }
 
 }  // namespace

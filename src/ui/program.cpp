@@ -1,7 +1,6 @@
 #include "ui/program.h"
 
 #include <QApplication>
-#include <QMetaObject>
 
 #include "platform/posix/local_channel.h"
 #include "shell/language.h"
@@ -9,6 +8,7 @@
 #include "shell/recent_actions.h"
 #include "shell/window_requests.h"
 #include "ui/kit/key_text.h"
+#include "ui/kit/on_gui.h"
 #include "ui/kit/qt_text.h"
 #include "ui/windows/win_ruler.h"
 
@@ -21,6 +21,7 @@ Program::Program(const std::filesystem::path& root)
       m_rulers(std::make_shared<RulerMemory>()),
       m_practice(m_folders.SupportFolder / "Practice", m_strings),
       m_backends(m_practice, [this] { return m_application->TargetWindowPattern(); }),
+      m_appearance([this](bool dark) { m_tray.UseDarkIcon(dark); }),
       m_hotKeys([this](const shell::CommandRow& row) { PressHotKey(row); }),
       m_recentActions(m_startGlobals.settings.RecentActions),
       m_palette(
@@ -37,7 +38,8 @@ Program::Program(const std::filesystem::path& root)
       m_startGlobals.settingsProblem.empty() ? "" : m_folders.SettingsFile.string() + ".bad";
   m_application = std::make_unique<shell::Application>(shell::Application::Parts{
       std::move(m_startGlobals), m_strings, m_clock, m_ui, [this] { return m_backends.Choose(); },
-      *m_workspace, m_backends.idleSource(), m_log});
+      *m_workspace, m_backends.idleSource(), m_log,
+      [this](const shell::Settings& read) { OnGui([this, read] { UseSettings(read); }); }});
   AddHosts();
   AddWindows();
   AddToolWindows();
@@ -65,10 +67,6 @@ bool Program::ListenForTriggers(const std::filesystem::path& root) {
   if (!server.ok()) return false;
   m_channel = std::move(*server);
   return true;
-}
-
-void Program::OnGui(std::function<void()> work) {
-  QMetaObject::invokeMethod(qApp, std::move(work), Qt::QueuedConnection);
 }
 
 void Program::TellRefusal(const shell::Outcome& outcome) {
@@ -106,8 +104,12 @@ void Program::RefreshMenu() {
 
 void Program::UseSettings(const shell::Settings& settings) {
   if (settings.Language != m_language) UseLanguage(settings.Language);
-  m_hotKeys.Use(settings.HotKeys,
-                [this](const shell::CommandRow& row) { return std::string(m_strings.Text(row.titleKey)); });
+  if (settings.HotKeys != m_hotKeySetting) {
+    m_hotKeySetting = settings.HotKeys;
+    m_hotKeys.Use(settings.HotKeys,
+                  [this](const shell::CommandRow& row) { return std::string(m_strings.Text(row.titleKey)); });
+  }
+  m_options->Refresh();
 }
 
 void Program::UseLanguage(const std::string& setting) {

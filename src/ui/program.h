@@ -74,8 +74,6 @@ class Program {
   /// Pastes a picture file at OneNote's caret, as a command.
   void PastePicture(const std::filesystem::path& png);
 
-  /// Runs something on the GUI thread, from any thread.
-  static void OnGui(std::function<void()> work);
   /// Tells a refusal; what ran has told its own troubles.
   void TellRefusal(const shell::Outcome& outcome);
 
@@ -97,7 +95,8 @@ class Program {
   std::unique_ptr<platform::LocalChannelServer> m_channel;
   Appearance m_appearance;
   HotKeyCenter m_hotKeys;
-  std::string m_language;  ///< the setting in use
+  std::string m_language;                      ///< the setting in use
+  std::optional<std::string> m_hotKeySetting;  ///< the setting in use, once there is one
   bool m_toldTakenKeys = false;
   std::string m_recentActions;
   PaletteHost m_palette;

@@ -2,8 +2,8 @@
 
 #include <QApplication>
 #include <QCursor>
-#include <QPalette>
 
+#include "ui/kit/dark.h"
 #include "ui/kit/qt_text.h"
 #include "ui/quill_icon.h"
 
@@ -12,23 +12,22 @@ namespace {
 
 // Desktops start their tray and their programs at the same time; a tray that comes later is still found.
 constexpr int kLongestWaitForTrayMs = 3000;
-constexpr int kLookAgainMs = 5000;
-
-bool IsDark() {
-  return QApplication::palette().color(QPalette::Window).lightness() < 128;
-}
+constexpr int kLookAgainMs = 2000;
 
 }  // namespace
 
 Tray::Tray(const shell::StringTable& strings, Handlers handlers)
     : m_strings(strings), m_handlers(std::move(handlers)), m_actions(strings, m_handlers.onAction) {
-  m_icon.setIcon(QuillIcon(IsDark()));
+  m_icon.setIcon(QuillIcon(IsDark(QApplication::palette())));
   m_icon.setContextMenu(&menu());
   QObject::connect(&menu(), &QMenu::aboutToShow, &menu(), [this] { m_handlers.onAboutToShow(); });
-  // A left click opens the menu too: a tray with one meaning per icon needs no second button.
+  // A left click opens the menu too: a tray with one meaning per icon needs no second button. Who closes the
+  // menu by a key and clicks again at once has double-clicked, as far as the system sees it.
   QObject::connect(&m_icon, &QSystemTrayIcon::activated, &menu(),
                    [this](QSystemTrayIcon::ActivationReason reason) {
-                     if (reason == QSystemTrayIcon::Trigger) menu().popup(QCursor::pos());
+                     if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick) {
+                       menu().popup(QCursor::pos());
+                     }
                    });
   QObject::connect(&m_lookForTray, &QTimer::timeout, &menu(), [this] { LookForTray(); });
   Retranslate();

@@ -36,7 +36,7 @@ class Tray {
 
   void Retranslate();
 
-  /// The icon for a dark or light desktop as it was at start; a later change leaves the icon as it is.
+  /// The icon for a dark or a light desktop.
   void UseDarkIcon(bool dark);
 
   ActionMenu& actions() { return m_actions; }

@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "shell/command_world.h"
+#include "shell/temporary_folder.h"
 #include "shell/window_requests.h"
 
 namespace quill::shell {
@@ -97,6 +98,27 @@ TEST(Application, HandsOnVariableLinksOnly) {
   world.application.OpenLink("qvar://%ONEDRIVE%/a b#c", [&](Outcome outcome) { done.set_value(outcome); });
   EXPECT_TRUE(done.get_future().get().ran);
   EXPECT_EQ(world.world.recording.messages().size(), 1u);
+}
+
+// A key or language that the command line sets must hold in the running program, without a restart.
+TEST(Application, TellsThatSettingsWereChangedOutside) {
+  const test::TemporaryFolder folder;
+  test::CommandWorld world;
+  world.globals.folders.SettingsFile = folder.path() / "quillapp.plist";
+  std::promise<std::string> told;
+  Application application{
+      {world.globals, world.strings, world.clock, world.recording,
+       [&] {
+         return platform::Backend{"recording", &world.recording, &world.recording, nullptr};
+       },
+       world.recording, world.recording, world.log,
+       [&](const Settings& settings) { told.set_value(settings.Language); }}};
+  Globals outside = world.globals;
+  ASSERT_TRUE(ChangeSetting(outside, *FindSetting("Language"), "ja").ok());
+  EXPECT_FALSE(ChangeSetting(outside, *FindSetting("Language"), "tlh").ok());
+  EXPECT_EQ(outside.settings.Language, "ja") << "a refused text must change nothing";
+  application.AskMenuState([](const MenuState&) {});
+  EXPECT_EQ(told.get_future().get(), "ja");
 }
 
 }  // namespace

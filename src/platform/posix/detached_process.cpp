@@ -13,6 +13,7 @@ namespace {
 /// The words of a command as exec takes them; valid as long as the command.
 std::vector<char*> Arguments(const std::vector<std::string>& command) {
   std::vector<char*> arguments;
+  arguments.reserve(command.size() + 1);
   for (const std::string& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
   arguments.push_back(nullptr);
   return arguments;

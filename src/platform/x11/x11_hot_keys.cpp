@@ -39,6 +39,7 @@ bool X11HotKeys::Grab(const Registered& key) {
   xcb_connection_t* c = m_connection->get();
   const std::vector<std::uint16_t> states = AllStates(key.modifiers, m_locks);
   std::vector<xcb_void_cookie_t> cookies;
+  cookies.reserve(states.size());
   for (const std::uint16_t state : states) {
     cookies.push_back(xcb_grab_key_checked(c, 0, m_connection->root(), state, key.code, XCB_GRAB_MODE_ASYNC,
                                            XCB_GRAB_MODE_ASYNC));

@@ -68,7 +68,8 @@ class MessageBox : public AnswerWindow<bool> {
     if (!small) resize(fontMetrics().averageCharWidth() * 84, fontMetrics().lineSpacing() * 18);
     message->setAccessibleName(text);
     row->addWidget(message, 1);
-    content().addLayout(row, 1);
+    content().addLayout(row, small ? 0 : 1);
+    if (small) content().addStretch(1);
     buttons().clear();
     auto* copy = new QShortcut(QKeySequence(QKeySequence::Copy), this);
     connect(copy, &QShortcut::activated, this, [text] { QApplication::clipboard()->setText(text); });

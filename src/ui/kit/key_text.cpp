@@ -1,5 +1,6 @@
 #include "ui/kit/key_text.h"
 
+#include <QCoreApplication>
 #include <QSysInfo>
 #include <utility>
 
@@ -13,14 +14,15 @@ using platform::KeyCombination;
 
 struct Modifier {
   bool KeyCombination::*field;
-  const char* words;    ///< as the keys are labelled on a PC
-  const char* onMacOs;  ///< as Qt writes it for macOS, where its "Ctrl" is the Command key
+  const char* label;     ///< as the key is labelled on an English PC
+  const char* portable;  ///< what Qt calls the key with the system's logo is "Meta"
+  const char* onMacOs;   ///< as Qt writes it for macOS, where its "Ctrl" is the Command key
 };
 
-constexpr Modifier kModifiers[] = {{&KeyCombination::control, "Ctrl+", "Meta+"},
-                                   {&KeyCombination::option, "Alt+", "Alt+"},
-                                   {&KeyCombination::shift, "Shift+", "Shift+"},
-                                   {&KeyCombination::command, "Super+", "Ctrl+"}};
+constexpr Modifier kModifiers[] = {{&KeyCombination::control, "Ctrl", "Ctrl", "Meta"},
+                                   {&KeyCombination::option, "Alt", "Alt", "Alt"},
+                                   {&KeyCombination::shift, "Shift", "Shift", "Shift"},
+                                   {&KeyCombination::command, "Super", "Meta", "Ctrl"}};
 
 constexpr std::pair<HotKeyProblem, const char*> kProblems[] = {
     {HotKeyProblem::Taken, "msgHotKeyTaken"},
@@ -34,24 +36,28 @@ bool IsMacOs() {
   return macOs;
 }
 
-QString WordsOf(const KeyCombination& keys) {
-  QString text;
-  for (const Modifier& modifier : kModifiers) {
-    if (keys.*modifier.field) text += QLatin1String(IsMacOs() ? modifier.onMacOs : modifier.words);
-  }
-  return text + ToQt(keys.key);
-}
-
 }  // namespace
 
+QString KeyLabel(const char* name) {
+  // Where Qt's menus take the names from.
+  return QCoreApplication::translate("QShortcut", name);
+}
+
 QKeySequence KeySequence(const KeyCombination& keys) {
-  // Qt calls the key with the system's logo "Meta".
-  return QKeySequence(WordsOf(keys).replace(QLatin1String("Super+"), QLatin1String("Meta+")),
-                      QKeySequence::PortableText);
+  QString text;
+  for (const Modifier& modifier : kModifiers) {
+    if (keys.*modifier.field) text += QLatin1String(IsMacOs() ? modifier.onMacOs : modifier.portable) + u'+';
+  }
+  return QKeySequence(text + ToQt(keys.key), QKeySequence::PortableText);
 }
 
 QString HotKeyText(const KeyCombination& keys) {
-  return IsMacOs() ? KeySequence(keys).toString(QKeySequence::NativeText) : WordsOf(keys);
+  if (IsMacOs()) return KeySequence(keys).toString(QKeySequence::NativeText);
+  QString text;
+  for (const Modifier& modifier : kModifiers) {
+    if (keys.*modifier.field) text += KeyLabel(modifier.label) + u'+';
+  }
+  return text + KeyLabel(keys.key.c_str());
 }
 
 QString HotKeyProblemText(const shell::StringTable& strings, const KeyCombination& keys,

@@ -7,6 +7,10 @@
 
 namespace quill::ui {
 
+/// A key of a PC as it is labelled where the user's language is spoken: "Strg" for "Ctrl". A name that Qt
+/// does not know stays.
+QString KeyLabel(const char* name);
+
 /// A combination as the user reads it: "Ctrl+Alt+Shift+D", on macOS the symbols of its menus.
 QString HotKeyText(const platform::KeyCombination& keys);
 

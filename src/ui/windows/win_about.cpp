@@ -8,9 +8,11 @@
 #include <QSysInfo>
 #include <QTabWidget>
 #include <QTextBrowser>
+#include <QTextTable>
 #include <QVBoxLayout>
 
 #include "base/version.h"
+#include "ui/kit/dark.h"
 #include "ui/kit/qt_text.h"
 #include "ui/quill_icon.h"
 #include "ui/windows/plain_text_view.h"
@@ -38,6 +40,30 @@ QLabel* NewFact(const QString& text, const QString& name) {
   label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   label->setAccessibleName(name + QStringLiteral(": ") + text);
   return label;
+}
+
+/// A text whose lines were broken for a terminal, with one line for each paragraph: the view breaks them
+/// again.
+QString Flowing(const QString& text) {
+  QStringList paragraphs = text.trimmed().split(QStringLiteral("\n\n"));
+  for (QString& paragraph : paragraphs) paragraph.replace(u'\n', u' ');
+  return paragraphs.join(QStringLiteral("\n\n"));
+}
+
+/// Single lines around the cells of a document's tables, and room in them.
+void TidyTables(QTextDocument& document, const QColor& lines) {
+  for (QTextFrame* frame : document.rootFrame()->childFrames()) {
+    auto* table = qobject_cast<QTextTable*>(frame);
+    if (table == nullptr) continue;
+    QTextTableFormat format = table->format();
+    format.setBorderCollapse(true);
+    format.setBorder(1);
+    format.setBorderBrush(lines);
+    format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+    format.setCellSpacing(0);
+    format.setCellPadding(4);
+    table->setFormat(format);
+  }
 }
 
 }  // namespace
@@ -74,7 +100,7 @@ QWidget* MWinAbout::NewHead() {
   auto* row = new QHBoxLayout(head);
   row->setContentsMargins({});
   auto* icon = new QLabel;
-  const bool dark = palette().color(QPalette::Window).lightness() < 128;
+  const bool dark = IsDark(palette());
   const int size = fontMetrics().lineSpacing() * 4;
   icon->setPixmap(QuillIcon(dark).pixmap(QSize(size, size), devicePixelRatio()));
   auto* name = new QLabel(QString::fromLatin1(kBundleName));
@@ -102,6 +128,8 @@ QWidget* MWinAbout::NewSystemPage() {
     if (m_facts.showFolder) m_facts.showFolder(m_facts.supportFolder);
   });
   auto* facts = new PlainTextView(SystemFacts());
+  const int lines = static_cast<int>(facts->original().count(u'\n')) + 2;
+  facts->setMinimumHeight(QFontMetrics(facts->font()).lineSpacing() * lines);
   facts->setAccessibleName(Text("strAboutSystem"));
   auto* copy = new QPushButton(Text("strCopyAll"));
   copy->setAutoDefault(false);
@@ -118,7 +146,7 @@ QWidget* MWinAbout::NewSystemPage() {
 }
 
 QWidget* MWinAbout::NewLicensePage() {
-  auto* view = new QPlainTextEdit(m_facts.license);
+  auto* view = new QPlainTextEdit(Flowing(m_facts.license));
   view->setReadOnly(true);
   view->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   view->setTabChangesFocus(true);
@@ -129,7 +157,9 @@ QWidget* MWinAbout::NewLicensePage() {
 QWidget* MWinAbout::NewNoticesPage() {
   auto* view = new QTextBrowser;
   view->setOpenLinks(false);
+  view->document()->setDocumentMargin(fontMetrics().averageCharWidth());
   view->setMarkdown(m_facts.notices);
+  TidyTables(*view->document(), palette().color(QPalette::Mid));
   view->setTabChangesFocus(true);
   view->setAccessibleName(Text("strAboutNotices"));
   return view;

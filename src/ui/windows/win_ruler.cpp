@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <array>
 
+#include "ui/kit/arrow_keys.h"
 #include "ui/kit/qt_text.h"
 
 namespace quill::ui {
@@ -39,21 +40,6 @@ std::string_view UnitKey(RulerUnit unit) {
       break;
   }
   return "strRulerPixels";
-}
-
-QPoint Direction(int key) {
-  switch (key) {
-    case Qt::Key_Left:
-      return {-1, 0};
-    case Qt::Key_Right:
-      return {1, 0};
-    case Qt::Key_Up:
-      return {0, -1};
-    case Qt::Key_Down:
-      return {0, 1};
-    default:
-      return {0, 0};
-  }
 }
 
 Qt::CursorShape EdgeCursor(Qt::Edges edges) {
@@ -147,7 +133,7 @@ void MWinRuler::TakeGeometry(QRect wanted, Qt::Edges moved) {
 
 void MWinRuler::keyPressEvent(QKeyEvent* event) {
   const QPoint by =
-      Direction(event->key()) * ((event->modifiers() & Qt::ShiftModifier) != 0 ? kLargeStep : 1);
+      ArrowDirection(event->key()) * ((event->modifiers() & Qt::ShiftModifier) != 0 ? kLargeStep : 1);
   if (!by.isNull() && (event->modifiers() & Qt::ControlModifier) != 0) {
     TakeGeometry(QRect(pos(), QSize(width() + by.x(), height() + by.y())), {});
   } else if (!by.isNull()) {

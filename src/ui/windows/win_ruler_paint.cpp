@@ -19,6 +19,7 @@ void MWinRuler::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   QColor ground = palette().color(QPalette::Base);
   ground.setAlphaF(static_cast<float>(m_opacity));
+  painter.setLayoutDirection(Qt::LeftToRight);  // it begins with the program's, not the window's
   painter.setCompositionMode(QPainter::CompositionMode_Source);
   painter.fillRect(rect(), ground);
   painter.setCompositionMode(QPainter::CompositionMode_SourceOver);

@@ -9,6 +9,7 @@
 #include <QWheelEvent>
 #include <cmath>
 
+#include "ui/kit/arrow_keys.h"
 #include "ui/windows/image/frame_painter.h"
 #include "ui/windows/image/picture_view.h"
 
@@ -19,21 +20,6 @@ constexpr double kWheelFactor = 1.25;  // for one notch
 constexpr int kWheelNotch = 120;
 constexpr int kLargeStep = 10;
 
-QPoint Direction(int key) {
-  switch (key) {
-    case Qt::Key_Left:
-      return {-1, 0};
-    case Qt::Key_Right:
-      return {1, 0};
-    case Qt::Key_Up:
-      return {0, -1};
-    case Qt::Key_Down:
-      return {0, 1};
-    default:
-      return {0, 0};
-  }
-}
-
 QPoint PixelAt(QPointF picture) {
   return {static_cast<int>(std::floor(picture.x())), static_cast<int>(std::floor(picture.y()))};
 }
@@ -41,7 +27,7 @@ QPoint PixelAt(QPointF picture) {
 }  // namespace
 
 bool PictureView::ArrowPressed(QKeyEvent* event) {
-  const QPoint direction = Direction(event->key());
+  const QPoint direction = ArrowDirection(event->key());
   const Qt::KeyboardModifiers used =
       event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier | Qt::AltModifier);
   if (direction.isNull() || m_frame.empty() || (used & ~Qt::AltModifier) != 0) return false;

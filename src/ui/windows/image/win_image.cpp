@@ -216,7 +216,7 @@ void MWinImage::SaveTo(const std::filesystem::path& file) {
   m_busy = true;
   RunInBackground<Status<>>(
       this, [image = m_view->Selected(), file] { return WritePicture(image, file); },
-      [this, name](Status<> written) {
+      [this, name](const Status<>& written) {
         m_busy = false;
         if (written.ok()) return Say(Format("strImageSaved", {name}));
         ShowAlert(m_world.strings, Format("errPictureWrite", {name, written.error()}), {}, this);
@@ -229,7 +229,7 @@ void MWinImage::PasteIntoOneNote() {
   m_busy = true;
   RunInBackground<Status<>>(
       this, [image = m_view->Selected(), file] { return WritePrivatePng(image, file); },
-      [this, file](Status<> written) {
+      [this, file](const Status<>& written) {
         m_busy = false;
         if (written.ok()) return m_world.paste(file);
         ShowAlert(m_world.strings, Format("errPictureWrite", {file.filename().string(), written.error()}), {},

@@ -17,7 +17,7 @@ constexpr int kVisibleCharacters = 22;  // "Ctrl+Alt+Shift+Space"
 /// The modifiers that a system-wide key needs one of, as they are labelled.
 std::vector<std::string> ModifierNames() {
   if (QSysInfo::kernelType() == QLatin1String("darwin")) return {"Control", "Option", "Command"};
-  return {"Ctrl", "Alt", "Super"};
+  return {FromQt(KeyLabel("Ctrl")), FromQt(KeyLabel("Alt")), FromQt(KeyLabel("Super"))};
 }
 
 bool HasModifier(const KeyCombination& keys) {

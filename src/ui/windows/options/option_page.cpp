@@ -4,6 +4,7 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <algorithm>
 
 #include "ui/kit/qt_text.h"
 #include "ui/kit/wrapped_label.h"
@@ -42,6 +43,9 @@ void OptionPage::Add(SettingField* field, std::string_view labelKey) {
   if (qobject_cast<QComboBox*>(field->control()) != nullptr) {
     field->control()->setAccessibleDescription(name.trimmed());
   }
+  // The form gives a label more height than its text needs and centres the text in it; it stands beside the
+  // control, not beside what is under that.
+  label->setMaximumHeight(std::max(label->sizeHint().height(), field->control()->sizeHint().height()));
   m_form->addRow(label, field);
 }
 

@@ -148,8 +148,9 @@ TextField::TextField(OptionsDesk& desk, std::string_view key) : TypedField(desk,
 }
 
 void TextField::OnText(std::function<void(const std::string& text)> listener) {
-  connect(m_edit, &QLineEdit::textChanged, this, [listener](const QString& text) { listener(FromQt(text)); });
   listener(FromQt(m_edit->text()));
+  connect(m_edit, &QLineEdit::textChanged, this,
+          [listener = std::move(listener)](const QString& text) { listener(FromQt(text)); });
 }
 
 void TextField::Show(const std::string& text) {

@@ -1,0 +1,106 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <mutex>
+#include <nlohmann/json.hpp>
+
+#include "platform/posix/local_channel.h"
+#include "program_world.h"
+
+namespace quill::ui {
+namespace {
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using x11_test::Eventually;
+
+/// Everything that a URL class would read as something else, or write in another form.
+constexpr const char* kLink = "qvar://%ONEDRIVE%/a b#c?d=%41&e=ü\"'\\";
+constexpr const char* kPlainLink = "qvar://%ONEDRIVE%/a b#c";
+
+/// Stands where the running program listens, and keeps what it is told.
+class Listener {
+ public:
+  explicit Listener(const fs::path& channel) {
+    auto server = platform::LocalChannelServer::Listen(channel, [this](std::string_view line) {
+      const std::scoped_lock lock(m_mutex);
+      m_requests.push_back(json::parse(line));
+      return std::string(R"({"ok":true})");
+    });
+    if (!server.ok()) throw std::runtime_error(server.error());
+    m_server = std::move(*server);
+  }
+
+  std::vector<json> Requests() {
+    const std::scoped_lock lock(m_mutex);
+    return m_requests;
+  }
+
+ private:
+  std::mutex m_mutex;
+  std::vector<json> m_requests;
+  std::unique_ptr<platform::LocalChannelServer> m_server;
+};
+
+/// A desktop on which the program is installed: its desktop file is known and the program on the path.
+class DesktopLinkTest : public ProgramTest {
+ protected:
+  void SetUp() override {
+    ProgramTest::SetUp();
+    const fs::path applications = folder / "data/applications";
+    for (const fs::path& one : {applications, folder / "bin", folder / "config", folder / "home"})
+      fs::create_directories(one);
+    fs::copy_file(QUILL_DESKTOP_FILE, applications / "quillmenu.desktop");
+    fs::create_symlink(QUILLMENU_PROGRAM, folder / "bin/quillmenu");
+    m_path = std::getenv("PATH");
+    ::setenv("PATH", ((folder / "bin").string() + ":" + m_path).c_str(), 1);
+    // As the package's installation does it; who handles the links is then found by the desktop file's types.
+    ASSERT_EQ(std::system(("update-desktop-database -q '" + applications.string() + "'").c_str()), 0);
+    ASSERT_EQ(std::system("xdg-mime default quillmenu.desktop x-scheme-handler/qvar"), 0);
+  }
+  void TearDown() override {
+    ::setenv("PATH", m_path.c_str(), 1);
+    ProgramTest::TearDown();
+  }
+
+ private:
+  std::string m_path;
+};
+
+// A link's text is a path with variables: one changed character opens another file.
+TEST_F(ProgramTest, HandsALinkOverAsItCame) {
+  Listener listener(Channel());
+  EXPECT_EQ(StartAgain({kLink}), 0);
+  EXPECT_THAT(listener.Requests(), ElementsAre(json{{"url", kLink}}));
+}
+
+// The user sees what a click on a link does, whether the program runs or has to be started for it.
+TEST_F(ProgramTest, TakesALinkWhileItRunsAndWhenItStarts) {
+  StartMenu({kPlainLink});
+  EXPECT_NE(TextOfBox(), "") << "the start's own link";
+  EXPECT_EQ(StartAgain({kPlainLink}), 0);
+  EXPECT_NE(TextOfBox(), "") << "a link for the one that runs";
+}
+
+// Other programs open links through the desktop, which must find this one and pass the text on whole.
+TEST_F(DesktopLinkTest, GetsLinksThroughTheDesktop) {
+  Listener listener(Channel());
+  const auto opener = world.Start({"xdg-open", kPlainLink});
+  EXPECT_TRUE(Eventually([&] { return !listener.Requests().empty(); }));
+  EXPECT_THAT(listener.Requests(), ElementsAre(json{{"url", kPlainLink}}));
+}
+
+// The same on desktops whose openers read the desktop file themselves.
+TEST_F(DesktopLinkTest, IsWhoTheDesktopAsksForItsLinks) {
+  ASSERT_EQ(std::system("xdg-mime query default x-scheme-handler/qvar >\"$XDG_RUNTIME_DIR/handler\""), 0);
+  std::string handler;
+  std::ifstream(folder / "handler") >> handler;
+  EXPECT_EQ(handler, "quillmenu.desktop");
+}
+
+}  // namespace
+}  // namespace quill::ui
