@@ -8,12 +8,19 @@ namespace {
 
 struct Ranked {
   MatchKind kind;
+  bool unavailable;
   std::uint32_t penalty;
   std::size_t recency;  ///< 0 for the last used one
   SearchHit hit;
 
-  auto Order() const { return std::tuple(kind, penalty, recency, hit.entry); }
+  auto Order() const { return std::tuple(kind, unavailable, penalty, recency, hit.entry); }
 };
+
+/// The beginning of a title counts no more than that of a word when the action cannot be run: for "date" the
+/// actions that insert one come before a greyed "Date and Time Format".
+MatchKind KindInRank(MatchKind kind, bool unavailable) {
+  return unavailable && kind == MatchKind::TitlePrefix ? MatchKind::WordPrefixes : kind;
+}
 
 /// The separators that translators write: ASCII, full-width, ideographic, Arabic.
 std::size_t FindComma(std::string_view text, std::size_t from, std::size_t& length) {
@@ -65,19 +72,25 @@ ActionSearch::ActionSearch(std::span<const SearchEntry> entries) {
   }
 }
 
-std::vector<SearchHit> ActionSearch::Find(std::string_view query, std::span<const std::size_t> recent) const {
+std::vector<SearchHit> ActionSearch::Find(std::string_view query, std::span<const std::size_t> recent,
+                                          const std::vector<bool>& unavailable) const {
   std::vector<std::size_t> recency(m_actions.size(), recent.size());
   for (std::size_t i = recent.size(); i-- > 0;) {
     if (recent[i] < recency.size()) recency[recent[i]] = i;
   }
+  const auto isGrey = [&](std::size_t i) { return i < unavailable.size() && unavailable[i]; };
   const SearchQuery prepared(query);
   std::vector<Ranked> ranked;
   for (std::size_t i = 0; i < m_actions.size(); ++i) {
     if (prepared.letters.empty()) {
-      ranked.push_back({MatchKind::ExactTitle, 0, recency[i], {i, {}}});
+      ranked.push_back({MatchKind::ExactTitle, isGrey(i), 0, recency[i], {i, {}}});
     } else if (auto match = MatchAction(prepared, m_actions[i])) {
       auto ranges = InTitle(std::move(match->letters), m_actions[i].title);
-      ranked.push_back({match->kind, match->penalty, recency[i], {i, std::move(ranges)}});
+      ranked.push_back({KindInRank(match->kind, isGrey(i)),
+                        isGrey(i),
+                        match->penalty,
+                        recency[i],
+                        {i, std::move(ranges)}});
     }
   }
   std::sort(ranked.begin(), ranked.end(),

@@ -33,12 +33,14 @@ class ActionSearch {
  public:
   explicit ActionSearch(std::span<const SearchEntry> entries);
 
-  /// The entries that the query meets, best first (the order of `MatchKind`); equal ones with the most
-  /// recently used first, then in the order of the entries. A query without a letter, digit or symbol
-  /// finds all. `recent` holds indices of entries, the last used one first; others are ignored. Only the
-  /// first 100 letters of the query count. Linear in the entries' text: 0.05 ms for 100 entries, 3 ms for
-  /// 5,000.
-  std::vector<SearchHit> Find(std::string_view query, std::span<const std::size_t> recent = {}) const;
+  /// The entries that the query meets, best first (the order of `MatchKind`); of one kind those that can be
+  /// run come first, equal ones with the most recently used first, then in the order of the entries. A query
+  /// without a letter, digit or symbol finds all. `recent` holds indices of entries, the last used one first;
+  /// others are ignored. Only the first 100 letters of the query count. Linear in the entries' text: 0.05 ms
+  /// for 100 entries, 3 ms for 5,000. `unavailable` holds a flag for each entry that cannot be run now;
+  /// empty: all can.
+  std::vector<SearchHit> Find(std::string_view query, std::span<const std::size_t> recent = {},
+                              const std::vector<bool>& unavailable = {}) const;
 
  private:
   std::vector<SearchableAction> m_actions;

@@ -14,11 +14,12 @@ struct FavouriteItem {
   std::int64_t argument;  ///< what its action is given
 };
 
-/// What the menu shows besides the table: what is there, what is on.
+/// What the menu shows besides the table: what is there, what is on. What has not been looked at yet counts
+/// as there, for an entry that is grey without reason cannot be tried.
 struct MenuState {
-  bool oneNoteRunning = false;
-  bool signedIn = false;
-  bool wordInstalled = false;
+  bool oneNoteRunning = true;
+  bool signedIn = true;
+  bool wordInstalled = true;
   bool startWithMonday = false;
   std::vector<FavouriteItem> favouritePages;
   std::vector<FavouriteItem> favouriteSections;

@@ -21,14 +21,16 @@ Tray::Tray(const shell::StringTable& strings, Handlers handlers)
   m_icon.setIcon(QuillIcon(IsDark(QApplication::palette())));
   m_icon.setContextMenu(&menu());
   QObject::connect(&menu(), &QMenu::aboutToShow, &menu(), [this] { m_handlers.onAboutToShow(); });
-  // A left click opens the menu too: a tray with one meaning per icon needs no second button. Who closes the
-  // menu by a key and clicks again at once has double-clicked, as far as the system sees it.
-  QObject::connect(&m_icon, &QSystemTrayIcon::activated, &menu(),
-                   [this](QSystemTrayIcon::ActivationReason reason) {
-                     if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick) {
-                       menu().popup(QCursor::pos());
-                     }
-                   });
+  // A left click opens the menu too (macOS does that by itself): a tray with one meaning per icon needs no
+  // second button. Who closes the menu by a key and clicks again at once has double-clicked, as far as the
+  // system sees it.
+  QObject::connect(
+      &m_icon, &QSystemTrayIcon::activated, &menu(), [this](QSystemTrayIcon::ActivationReason reason) {
+        const bool clicked = reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick;
+        if (clicked && QGuiApplication::platformName() != QStringLiteral("cocoa")) {
+          menu().popup(QCursor::pos());
+        }
+      });
   QObject::connect(&m_lookForTray, &QTimer::timeout, &menu(), [this] { LookForTray(); });
   Retranslate();
 }

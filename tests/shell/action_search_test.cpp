@@ -287,5 +287,17 @@ TEST(ActionSearch, IsLinearInTheNumberOfActions) {
   EXPECT_LT(seconds(ActionSearch(many)), 25 * seconds(ActionSearch(few)));
 }
 
+// What cannot run now must not stand in the way of what can; typed in full it is still what was meant.
+TEST(ActionSearch, PrefersWhatCanRun) {
+  const std::vector<SearchEntry> entries = {
+      {"Date and Time Format", "", "Page"}, {"Insert Date", "", "Page"}, {"Insert Time", "", "Page"}};
+  const ActionSearch search(entries);
+  const std::vector<bool> unavailable = {true, false, true};
+  EXPECT_EQ(search.Find("date").at(0).entry, 0u);
+  EXPECT_EQ(search.Find("date", {}, unavailable).at(0).entry, 1u);
+  EXPECT_EQ(search.Find("", {}, unavailable).at(0).entry, 1u);
+  EXPECT_EQ(search.Find("date and time format", {}, unavailable).at(0).entry, 0u);
+}
+
 }  // namespace
 }  // namespace quill::shell

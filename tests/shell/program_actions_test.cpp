@@ -99,6 +99,8 @@ TEST(TestItems, ShowWhatWasCopiedAsItIs) {
 // A greyed entry must say what to do, the most helpful reason first; what can run must not be greyed.
 TEST(WhyNotNow, NamesTheFirstThingThatIsMissing) {
   MenuState state;
+  EXPECT_EQ(WhyNotNow(*FindCommand("UpperCase"), state), "") << "nobody has looked yet";
+  state = {false, false, false, false, {}, {}};
   EXPECT_EQ(WhyNotNow(*FindCommand("UpperCase"), state), "strNeedsOneNote");
   EXPECT_EQ(WhyNotNow(*FindCommand("About"), state), "");
   state.oneNoteRunning = true;

@@ -31,8 +31,8 @@ class ProgramTest : public testing::Test {
   /// Runs `quill` and returns its exit status; its words are in `said`.
   int Quill(const std::string& words);
 
-  /// Waits until no command runs: what was pasted is seen before the command that did it is over. A window of
-  /// OneNote's must be there.
+  /// Waits until no command runs: what was pasted is seen before the command that did it is over. Changes
+  /// the day with which weeks start.
   bool CommandEnds();
 
   /// Runs `quillmenu` and returns its exit status; −1 when it has not ended in time.

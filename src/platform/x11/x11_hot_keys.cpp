@@ -69,6 +69,20 @@ HotKeyResult X11HotKeys::Register(const HotKey& key, const X11KeyMap& map) {
   return {key.identifier};
 }
 
+bool X11HotKeys::AllStandAsBefore() const {
+  const X11KeyMap map(*m_connection);
+  if (m_connection->Broken() || map.LockMasks() != m_locks) return false;
+  std::vector<Registered> wanted;
+  wanted.reserve(m_keys.size());
+  for (const HotKey& key : m_keys) {
+    const std::optional<xcb_keycode_t> code = map.ForName(key.keys.key);
+    const std::optional<std::uint16_t> modifiers = map.MaskFor(key.keys);
+    if (!code || !modifiers) return false;
+    wanted.push_back({*code, *modifiers, key.identifier});
+  }
+  return wanted == m_registered;
+}
+
 std::vector<HotKeyResult> X11HotKeys::RegisterAll() {
   ReleaseAll();
   const X11KeyMap map(*m_connection);
@@ -133,7 +147,9 @@ bool X11HotKeys::TakeEvents() {
 
 void X11HotKeys::Dispatch() {
   // Again after a registration: while that waited for the server's answers, more may have arrived.
-  while (TakeEvents()) Publish(RegisterAll());
+  while (TakeEvents()) {
+    if (!AllStandAsBefore()) Publish(RegisterAll());
+  }
   if (m_connection->Broken()) Publish(RegisterAll());
 }
 

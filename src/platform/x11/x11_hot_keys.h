@@ -46,11 +46,16 @@ class X11HotKeys final : public HotKeyRegistrar {
     xcb_keycode_t code;
     std::uint16_t modifiers;
     std::uint32_t identifier;
+    bool operator==(const Registered&) const = default;
   };
 
   explicit X11HotKeys(std::unique_ptr<X11Connection> connection) : m_connection(std::move(connection)) {}
   std::vector<HotKeyResult> RegisterAll();
   HotKeyResult Register(const HotKey& key, const X11KeyMap& map);
+  /// True when the keys are registered just as this keyboard wants them. A key that is released and taken
+  /// anew is nobody's for a moment, and servers announce a change whenever the user turns to another
+  /// keyboard.
+  bool AllStandAsBefore() const;
   bool Grab(const Registered& key);
   void ReleaseAll();
   /// Handles the events that are there; true when the keyboard has changed.

@@ -37,8 +37,11 @@ void PaletteModel::SetRecent(std::string_view setting) {
 }
 
 void PaletteModel::Filter(const QString& query) {
+  std::vector<bool> unavailable;
+  unavailable.reserve(m_entries.size());
+  for (const PaletteEntry& entry : m_entries) unavailable.push_back(!entry.problem.isEmpty());
   beginResetModel();
-  m_hits = m_search.Find(FromQt(query), m_recent);
+  m_hits = m_search.Find(FromQt(query), m_recent, unavailable);
   endResetModel();
 }
 

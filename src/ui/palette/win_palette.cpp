@@ -1,6 +1,7 @@
 #include "ui/palette/win_palette.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QCursor>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -111,6 +112,8 @@ void WinPalette::SetEntries(std::vector<PaletteEntry> entries) {
 
 void WinPalette::SetProblems(const PaletteProblems& problems) {
   m_model.SetProblems(problems);
+  // What can run stands first; a row that the user has moved to stays where it is.
+  if (m_list->currentIndex().row() <= 0) return Filter();
   TellCurrent();
 }
 
@@ -119,6 +122,12 @@ void WinPalette::Open() {
   m_field->clear();
   Filter();
   Place();
+  // Behind a window that waits for an answer it would be dead, and not even Escape would close it. Changing
+  // this takes effect when a window is shown.
+  if (!isVisible()) {
+    const bool blocked = QApplication::activeModalWidget() != nullptr;
+    setWindowModality(blocked ? Qt::ApplicationModal : Qt::NonModal);
+  }
   show();
   raise();
   activateWindow();
@@ -191,7 +200,8 @@ void WinPalette::MoveTo(int row) {
 }
 
 void WinPalette::Choose(const QModelIndex& index) {
-  if (!index.isValid()) return;
+  // A second Return of a fast hand arrives when the window has gone already.
+  if (!index.isValid() || !isVisible()) return;
   const PaletteEntry entry = m_model.At(index);
   if (!entry.problem.isEmpty()) return Tell(entry.problem);
   close();

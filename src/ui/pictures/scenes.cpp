@@ -135,7 +135,7 @@ Look OpenInput(Studio& studio) {
   const platform::TextQuestion question{Title(studio, "MenuItemSaveAsTemplateClick"),
                                         std::string(studio.strings.Text("strOptionsJournal")),
                                         "Weekly review"};
-  return InFront(new MWinInput(studio.strings, question, [](std::optional<std::string>) {}));
+  return InFront(new MWinInput(studio.strings, question, [](const std::optional<std::string>&) {}));
 }
 
 Look OpenProgress(Studio& studio) {
