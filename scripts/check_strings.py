@@ -27,9 +27,9 @@ AWAITED = set("""
     errNoHeadings errNoTags errNotFoundNotebook errOneNoteLinks errPageTitleEmpty errPhonetics errRestoreFailure
     errSelectCloudFileAttachmentLink errSelectLink errServerIndexing msgCompletePackage msgEndFind
     msgFavoritePageFailure msgFavoritePageSuccess msgFavoriteSectionFailure msgFavoriteSectionSuccess
-    msgInputDateFormat msgInputTimeFormat msgLoadTableError msgNotebookDeleted msgRestoreSuccess
+    msgInputDateFormat msgInputTimeFormat msgNotebookDeleted msgRestoreSuccess
     msgSaveTemplateFailure msgSaveTemplateSuccess strTableOfContents strTableOfContentsNotebooks
-    strTableOfContentsSectionPages titleExportToFile titleTableInformation WinBackupSuccess ClearBackupSuccess
+    strTableOfContentsSectionPages titleTableInformation WinBackupSuccess ClearBackupSuccess
     MWinFavoriteSectionsTitle Columns Rows Paragraphs Character_No_Spaces Character_With_Spaces Words Non_Asian_Words
     Asian_Words Images""".split())
 

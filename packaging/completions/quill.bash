@@ -18,7 +18,7 @@ _quill() {
       [ "$command" = run ] && flags="--in --fragment --text --out --file --tag --json"
       COMPREPLY=($(compgen -W "$flags $(quill list 2>/dev/null | grep -o 'MenuItem[A-Za-z0-9]*')" -- "$current"))
       ;;
-    insert) COMPREPLY=($(compgen -W "date time datetime html calendar year-calendar --now --html --out --fragment" -- "$current")) ;;
+    insert) COMPREPLY=($(compgen -W "date time datetime html calendar year-calendar --now --year --month --html --out --fragment" -- "$current")) ;;
     title) COMPREPLY=($(compgen -W "0 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 --in" -- "$current")) ;;
     normalize) COMPREPLY=($(compgen -W "--unchecked" -- "$current")) ;;
     settings) COMPREPLY=($(compgen -W "list get set --json" -- "$current")) ;;

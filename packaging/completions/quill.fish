@@ -15,6 +15,8 @@ complete -c quill -n '__fish_seen_subcommand_from run insert' -l fragment -d 'Ba
 complete -c quill -n '__fish_seen_subcommand_from run list doctor settings' -l json -d 'One JSON object'
 complete -c quill -n '__fish_seen_subcommand_from insert' -a 'date time datetime html calendar year-calendar'
 complete -c quill -n '__fish_seen_subcommand_from insert' -l now -r -d 'Moment (ISO 8601)'
+complete -c quill -n '__fish_seen_subcommand_from insert' -l year -r -d 'Year of a calendar'
+complete -c quill -n '__fish_seen_subcommand_from insert' -l month -r -a '(seq 12)' -d 'Month of a calendar'
 complete -c quill -n '__fish_seen_subcommand_from insert' -l html -r -F -d 'HTML to insert'
 complete -c quill -n '__fish_seen_subcommand_from title' -a '(seq 0 15)'
 complete -c quill -n '__fish_seen_subcommand_from title' -l in -r -F -d 'Title'

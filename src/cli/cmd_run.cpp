@@ -87,7 +87,7 @@ int RunOnFiles(Call& call, const RunOptions& options, const shell::CommandRow& r
   constexpr std::int64_t kInsertHtml = 23;
   const std::string inserted = row.number == kInsertHtml ? input.html : std::string();
   const FileOutcome outcome =
-      RunOnFile(call, row.number, options.tag.value_or(row.argument), inserted, std::move(input), clock);
+      RunOnFile(call, {row.number, options.tag.value_or(row.argument), 0, inserted}, std::move(input), clock);
   if (outcome.missedSavePath)
     throw Stop(kWrongCall, fmt::format("{} needs a file to write: give --file FILE", row.action));
   if (options.json) {

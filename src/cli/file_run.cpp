@@ -11,22 +11,22 @@ namespace {
 
 using platform::recording::Recording;
 
-void Dispatch(shell::NSOneNoteMain& bridge, std::int64_t number, std::int64_t int1, std::string_view str3) {
-  if (number >= 20 && number <= 23) {
-    bridge.RunInsert(number, int1, 0, str3);
-  } else if (number == 24) {
-    bridge.RunOther(number, 0, 0);
-  } else if (number == 25) {
-    bridge.RunTitle(number, int1, 0);
+void Dispatch(shell::NSOneNoteMain& bridge, const FileCommand& command) {
+  if (command.number >= 20 && command.number <= 23) {
+    bridge.RunInsert(command.number, command.int1, command.int2, command.str3);
+  } else if (command.number == 24) {
+    bridge.RunOther(command.number, 0, 0);
+  } else if (command.number == 25) {
+    bridge.RunTitle(command.number, command.int1, 0);
   } else {
-    bridge.Run(number);
+    bridge.Run(command.number);
   }
 }
 
 }  // namespace
 
-FileOutcome RunOnFile(const Call& call, std::int64_t number, std::int64_t int1, std::string_view str3,
-                      FileInput input, const platform::Clock& clock) {
+FileOutcome RunOnFile(const Call& call, const FileCommand& command, FileInput input,
+                      const platform::Clock& clock) {
   shell::Globals globals = shell::OpenGlobals(call.root, clock);
   Recording desktop({std::move(input.html), std::move(input.text), std::nullopt});
   if (input.title) desktop.SetPageTitle(*input.title);
@@ -37,11 +37,11 @@ FileOutcome RunOnFile(const Call& call, std::int64_t number, std::int64_t int1, 
   FileOutcome outcome;
   {
     shell::NSOneNoteMain bridge(services, globals);
-    Dispatch(bridge, number, int1, str3);
+    Dispatch(bridge, command);
     outcome.result = bridge.OperationResult();
   }
   if (!desktop.pastes().empty()) outcome.paste = desktop.pastes().back();
-  if (number == 24 && !desktop.clipboardRestored()) outcome.clipboardText = desktop.clipboard().text;
+  if (command.number == 24 && !desktop.clipboardRestored()) outcome.clipboardText = desktop.clipboard().text;
   outcome.messages = desktop.messages();
   outcome.missedSavePath = !desktop.savePanels().empty() && !input.file;
   return outcome;

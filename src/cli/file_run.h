@@ -27,10 +27,18 @@ struct FileOutcome {
   bool missedSavePath = false;  ///< the command asked where to save and had no answer
 };
 
+/// A numbered command with its arguments.
+struct FileCommand {
+  std::int64_t number;
+  std::int64_t int1 = 0;
+  std::int64_t int2 = 0;
+  std::string_view str3 = {};
+};
+
 /// Runs one numbered command on files, in memory, with this user's settings. Stops with `kWrongCall` for a
 /// number that no command has.
-FileOutcome RunOnFile(const Call& call, std::int64_t number, std::int64_t int1, std::string_view str3,
-                      FileInput input, const platform::Clock& clock);
+FileOutcome RunOnFile(const Call& call, const FileCommand& command, FileInput input,
+                      const platform::Clock& clock);
 
 /// What goes to standard output for a paste or a clipboard result; `bareFragment` leaves the document
 /// around the fragment out.

@@ -20,6 +20,10 @@ void InsertDateTime(CommandContext& context, const CommandRow& row) {
   NSOneNoteMain(context.services, context.globals).RunInsert(20, row.argument, 0, "");
 }
 
+void CalendarOfMonth(CommandContext& context, const CommandRow& row) {
+  NSOneNoteMain(context.services, context.globals).InsertCalendarOfMonth(static_cast<int>(row.argument));
+}
+
 void NewPage(CommandContext& context, const CommandRow&) {
   NSOneNoteMain(context.services, context.globals).NewPage();
 }
@@ -67,9 +71,9 @@ constexpr CommandRow kCommands[] = {
     {"MenuItemSetToPageTitle", Title, 0, 0, "menuSetToPageTitle", 'L', kSelection, SetToPageTitle},
     {"MenuItemPageTitleTagClick", Title, 25, 1, "menuPageTitleTag", 0, kOneNote, PageTitleTag},
     {"MenuItemCopyPlainTextClick", Title, 24, 0, "menuCopyPlainText", 'C', kSelection, CopyPlainText},
-    {"MenuItemInsertCalendarThisMonth", Calendar, 0, 0, "menuCalendarThisMonth", 0, kOneNote, NotBuiltYet},
-    {"MenuItemInsertCalendarNextMonth", Calendar, 0, 1, "menuCalendarNextMonth", 0, kOneNote, NotBuiltYet},
-    {"MenuItemInsertCalendarPrevMonth", Calendar, 0, -1, "menuCalendarPrevMonth", 0, kOneNote, NotBuiltYet},
+    {"MenuItemInsertCalendarThisMonth", Calendar, 0, 0, "menuCalendarThisMonth", 0, kOneNote, CalendarOfMonth},
+    {"MenuItemInsertCalendarNextMonth", Calendar, 0, 1, "menuCalendarNextMonth", 0, kOneNote, CalendarOfMonth},
+    {"MenuItemInsertCalendarPrevMonth", Calendar, 0, -1, "menuCalendarPrevMonth", 0, kOneNote, CalendarOfMonth},
     {"MenuItemInsertCalendarCustomize", Calendar, 0, 0, "menuCalendarCustomize", 0, kOneNote, NotBuiltYet},
     {"MenuItemStartWithMondayClick", Calendar, 0, 0, "menuStartWithMonday", 0, kNothing, StartWithMonday},
     {"MenuItemOpenPictureClick", Image, 14, 0, "menuOpenPicture", 0, kSelection, RunTransform},

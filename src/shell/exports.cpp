@@ -5,10 +5,12 @@
 #include <filesystem>
 #include <fstream>
 
+#include "content/element_lookup.h"
 #include "content/html_normalizer.h"
 #include "content/text_between.h"
 #include "shell/image_sources.h"
 #include "shell/transform_table.h"
+#include "tools/table_csv.h"
 
 namespace quill::shell {
 namespace {
@@ -52,6 +54,17 @@ std::int64_t SaveAsHtml(TransformContext& context) {
   const std::string html = content::XmlToHtml(context.document->Xml());
   WriteExport(context, *file,
               fmt::format("{}{}{}", context.globals.FragmentHead, html, context.globals.FragmentTail));
+  return 0;
+}
+
+std::int64_t SaveTableAsCSV(TransformContext& context) {
+  const pugi::xml_node table = content::FindElementNamed(context.document->Root(), "table");
+  if (!table) {
+    context.bridge.ShowMessage(context.services.strings.Text("msgLoadTableError"));
+    return 0;
+  }
+  const auto file = AskSavePath(context, "titleExportToFile", "", "csv");
+  if (file) WriteExport(context, *file, tools::TableToCsv(table));
   return 0;
 }
 

@@ -18,6 +18,10 @@ std::int64_t ExportLog(TransformContext& context);
 /// into a folder named after the file with "_files" added, and their sources point there.
 std::int64_t SaveAsHtml(TransformContext& context);
 
+/// Asks for a ".csv" file and writes the selection's first table (`tools/table_csv.h`); `msgLoadTableError`
+/// when there is none.
+std::int64_t SaveTableAsCSV(TransformContext& context);
+
 /// Has Word paste the copied selection into a new document, when Word is installed.
 std::int64_t SaveAsWordDocument(TransformContext& context);
 

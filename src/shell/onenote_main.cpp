@@ -2,15 +2,13 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-
 #include "content/html_normalizer.h"
 #include "content/strip_tags.h"
 #include "content/text_between.h"
 #include "content/working_document.h"
-#include "shell/not_built_yet.h"
 #include "shell/page_title_tag.h"
 #include "shell/transform_table.h"
+#include "tools/calendar.h"
 #include "tools/date_text.h"
 
 namespace quill::shell {
@@ -103,17 +101,18 @@ std::int64_t NSOneNoteMain::RunInsert(std::int64_t command, std::int64_t int1, s
 }
 
 std::optional<std::string> NSOneNoteMain::InsertedContent(std::int64_t command, std::int64_t int1,
-                                                          std::string_view str3) {
-  if (std::find(kInsertsNotBuiltYet.begin(), kInsertsNotBuiltYet.end(), command) !=
-      kInsertsNotBuiltYet.end()) {
-    SayNotBuiltYet(m_services);
-    return std::nullopt;
-  }
+                                                          std::int64_t int2, std::string_view str3) {
   const Settings& settings = m_globals.settings;
+  const tools::WeekStart week =
+      settings.CalendarStartWithMonday ? tools::WeekStart::Monday : tools::WeekStart::Sunday;
   switch (command) {
     case 20:
       return tools::GetDateTimeStr(static_cast<tools::DateTimeKind>(int1), settings.DateFormat,
                                    settings.TimeFormat, m_services.clock.Now());
+    case 21:
+      return tools::CreateCalendar(int1, int2, week);
+    case 22:
+      return tools::CreateCalendarAnnual(int1, week);
     case 23:
       return std::string(str3);
     default:
@@ -121,9 +120,9 @@ std::optional<std::string> NSOneNoteMain::InsertedContent(std::int64_t command, 
   }
 }
 
-std::int64_t NSOneNoteMain::RunInsert_(std::int64_t command, std::int64_t int1, std::int64_t /*int2*/,
+std::int64_t NSOneNoteMain::RunInsert_(std::int64_t command, std::int64_t int1, std::int64_t int2,
                                        std::string_view str3) {
-  const std::optional<std::string> inserted = InsertedContent(command, int1, str3);
+  const std::optional<std::string> inserted = InsertedContent(command, int1, int2, str3);
   if (inserted) m_bridge.PasteHtmlFragment(*inserted, PasteMode::AtCaret);
   return 0;
 }
@@ -178,6 +177,11 @@ void NSOneNoteMain::SetToPageTitle() {
     return;
   }
   m_bridge.PasteHtmlFragment(title, PasteMode::AtCaret);
+}
+
+void NSOneNoteMain::InsertCalendarOfMonth(int monthsFromNow) {
+  const tools::CalendarMonth month = tools::ShiftMonth(m_services.clock.Now(), monthsFromNow);
+  RunInsert(21, month.year, month.month, "");
 }
 
 void NSOneNoteMain::NewPage() {

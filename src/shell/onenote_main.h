@@ -43,6 +43,9 @@ class NSOneNoteMain {
   /// Copies the selection, takes its tags away, and pastes the text into the page title at the caret.
   void SetToPageTitle();
 
+  /// Inserts the calendar of the month that lies this many months after the present one.
+  void InsertCalendarOfMonth(int monthsFromNow);
+
   /// Makes a page (Command+N) and inserts the title that the journal pattern gives.
   void NewPage();
 
@@ -59,7 +62,8 @@ class NSOneNoteMain {
   bool RunOnDocument(const TransformRow& row, TransformContext& context, std::string xml);
   bool IsPastedBack(const TransformRow& row) const;
   std::int64_t RunInsert_(std::int64_t command, std::int64_t int1, std::int64_t int2, std::string_view str3);
-  std::optional<std::string> InsertedContent(std::int64_t command, std::int64_t int1, std::string_view str3);
+  std::optional<std::string> InsertedContent(std::int64_t command, std::int64_t int1, std::int64_t int2,
+                                             std::string_view str3);
 
   Services& m_services;
   Globals& m_globals;

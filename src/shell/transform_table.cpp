@@ -38,7 +38,7 @@ constexpr TransformRow kTransforms[] = {
     {16, "WordCount", Document, Never, TransformNotBuiltYet},
     {17, "Table2Text", Document, WhenPositive, TransformNotBuiltYet},
     {18, "Text2Table", Document, WhenPositive, TransformNotBuiltYet},
-    {19, "SaveTableAsCSV", Document, WhenPositive, TransformNotBuiltYet},
+    {19, "SaveTableAsCSV", Document, WhenPositive, SaveTableAsCSV},
     {10001, "ExportLog", Whole, WhenPositive, ExportLog},
     {10002, "InsertPhonetics", Fragment, WhenPositive, TransformNotBuiltYet},
     // The link's text and target are in the selection itself, not in the head around it.

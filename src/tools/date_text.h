@@ -11,8 +11,8 @@ struct DateStyle {
   std::string zone;    ///< IANA time zone, such as "Europe/Berlin"
 };
 
-/// A moment in a Unicode date pattern (UTS #35). An empty pattern yields an empty text; a pattern that
-/// ICU refuses yields an empty text too.
+/// A moment in a Unicode date pattern (UTS #35). An empty pattern yields an empty text. A letter that means
+/// nothing ends the text in front of it; `CheckDatePattern` (date_pattern.h) tells which one it was.
 std::string FormatDate(std::string_view pattern, std::chrono::system_clock::time_point moment,
                        const DateStyle& style = {});
 
@@ -28,5 +28,12 @@ std::string GetDateTimeStr(DateTimeKind kind, std::string_view datePattern, std:
 /// "]", the text after it. A pattern without "[", or without a "]" after it, yields an empty title.
 std::string JournalTitle(std::string_view pattern, std::chrono::system_clock::time_point moment,
                          const DateStyle& style = {});
+
+/// A template's HTML with its date placeholders filled, fixed patterns whatever the user's are:
+/// "&lt;&lt;Date&gt;&gt;" (yyyy-MM-dd), "…DateTime…" (yyyy-MM-dd HH:mm:ss), "…Year…", "…Month…" (two
+/// digits), "…MonthName…" (short), "…TimeZone…" (short) and "…UTCDateTime…", which is the long name of the
+/// time zone. Only the escaped form counts; other names stay. O(html).
+std::string FillDatePlaceholders(std::string_view html, std::chrono::system_clock::time_point moment,
+                                 const DateStyle& style = {});
 
 }  // namespace quill::tools

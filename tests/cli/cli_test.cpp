@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -108,6 +109,9 @@ TEST_F(Quill, RefusesBadInputWithAReason) {
       {"trigger uppercas", "", 2, "MenuItemUpperCaseClick"},
       {"insert nonsense", "", 2, "nonsense"},
       {"insert date --now yesterday", "", 2, "yesterday"},
+      {"insert calendar --month 13", "", 2, "13"},
+      {"insert date --year 2026", "", 2, "--year"},
+      {"insert year-calendar --month 2", "", 2, "--month"},
       {"title 16 --in -", "", 2, "16"},
       {"settings set Perform_Timeout soon", "", 2, "Perform_Timeout"},
       {"settings get NoSuchKey", "", 2, "NoSuchKey"},
@@ -146,6 +150,10 @@ TEST_F(Quill, TitlesAndDates) {
   EXPECT_EQ(Run("settings set DateFormat 'd. MMMM'").status, 0);
   EXPECT_EQ(Run("insert date --now 2026-11-15 --fragment").out, "15. November");
   EXPECT_EQ(Run("insert html --fragment", "<b>x</b>").out, "<b>x</b>");
+  EXPECT_THAT(Run("insert calendar --year 2024 --month 2 --fragment").out,
+              testing::AllOf(testing::HasSubstr("2024 - 2"), testing::HasSubstr(">29<"),
+                             testing::Not(testing::HasSubstr(">30<"))));
+  EXPECT_THAT(Run("insert year-calendar --now 2026-11-15 --fragment").out, testing::HasSubstr("2026 - 12"));
 }
 
 // Settings survive the process, also the owners' own; secrets are never printed.

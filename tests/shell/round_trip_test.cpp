@@ -9,7 +9,7 @@
 #include "shell/command_table.h"
 #include "shell/command_world.h"
 #include "shell/image_sources.h"
-#include "shell/not_built_yet.h"
+#include "shell/temporary_folder.h"
 #include "shell/transform_table.h"
 
 namespace quill::shell {
@@ -303,6 +303,39 @@ TEST_F(Exports, CancelledAndFailedSaves) {
   EXPECT_NE(failing.recording.messages()[0].find("p.htm"), std::string::npos);
 }
 
+// The first table of the selection, as told; a selection without one says so and asks for no file.
+TEST(SaveTableAsCSV, WritesTheFirstTable) {
+  const test::TemporaryFolder folder;
+  CommandWorld world(Copied("<p>a</p><table><tr><td>x, y</td><td>\"q\"</td></tr></table><table></table>"));
+  world.recording.AnswerSavePanel(folder.path() / "t.csv");
+  NSOneNoteMain(world.services, world.globals).Run(19);
+  EXPECT_EQ(ReadFile(folder.path() / "t.csv").ValueOr("no file"), "\"x, y\",\"\"\"q\"\"\"\n");
+  EXPECT_TRUE(world.recording.pastes().empty());
+
+  CommandWorld without(Copied("<p>a</p>"));
+  NSOneNoteMain(without.services, without.globals).Run(19);
+  EXPECT_EQ(without.recording.messages().at(0), without.strings.Text("msgLoadTableError"));
+  EXPECT_TRUE(without.recording.savePanels().empty());
+}
+
+// Months are counted from the first, so that the month after 31 January is February; the week begins as set.
+TEST(Calendar, IsOfTheMonthAroundTheClock) {
+  CommandWorld world;
+  world.clock.Set(std::chrono::sys_days(std::chrono::year(2026) / 1 / 31) + std::chrono::hours(12));
+  for (const auto& [action, heading] : {std::pair("MenuItemInsertCalendarThisMonth", "2026 - 1"),
+                                        std::pair("MenuItemInsertCalendarNextMonth", "2026 - 2"),
+                                        std::pair("MenuItemInsertCalendarPrevMonth", "2025 - 12")}) {
+    const CommandRow* row = FindCommand(action);
+    CommandContext context{world.services, world.globals, row->argument};
+    row->handler(context, *row);
+    EXPECT_NE(world.recording.pastes().back().contents.html->find(heading), std::string::npos) << action;
+  }
+  const std::string sunday = *world.recording.pastes().back().contents.html;
+  world.globals.settings.CalendarStartWithMonday = true;
+  NSOneNoteMain(world.services, world.globals).RunInsert(21, 2025, 12, "");
+  EXPECT_NE(*world.recording.pastes().back().contents.html, sunday);
+}
+
 // Word gets the selection that is still on the clipboard; without Word the user is told.
 TEST(SaveAsWordDocument, NeedsWord) {
   CommandWorld without(Copied("<p>a</p>"));
@@ -326,14 +359,8 @@ TEST(CommandTable, CountsWhatIsNotBuiltYet) {
   }
   int transforms = 0;
   for (const TransformRow& row : TransformTable()) transforms += row.run == TransformNotBuiltYet ? 1 : 0;
-  EXPECT_EQ(actions, 49);
-  EXPECT_EQ(transforms, 12);
-  EXPECT_EQ(kInsertsNotBuiltYet.size(), 2u);
-  for (const std::int64_t command : kInsertsNotBuiltYet) {
-    CommandWorld world;
-    NSOneNoteMain(world.services, world.globals).RunInsert(command, 2026, 11, "");
-    EXPECT_EQ(world.recording.transcript(), "message " + std::string(world.strings.Text("msgNotBuiltYet")));
-  }
+  EXPECT_EQ(actions, 45);
+  EXPECT_EQ(transforms, 11);
 }
 
 // Every action has a title in the table of texts, a name of its own, and a hot key of its own if any.
