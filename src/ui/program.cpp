@@ -13,12 +13,20 @@
 #include "ui/windows/win_ruler.h"
 
 namespace quill::ui {
+namespace {
+
+std::string_view LanguageFor(const std::string& setting) {
+  return shell::ChooseLanguage(setting, platform::PreferredLanguages());
+}
+
+}  // namespace
 
 Program::Program(const std::filesystem::path& root)
     : m_ui(m_strings, m_windows),
-      m_startGlobals(shell::InitGlobals(root, m_clock)),
+      m_startGlobals(StartGlobals(root)),
       m_folders(m_startGlobals.folders),
       m_rulers(std::make_shared<RulerMemory>()),
+      m_language(m_startGlobals.settings.Language),
       m_practice(m_folders.SupportFolder / "Practice", m_strings),
       m_backends(m_practice, [this] { return m_application->TargetWindowPattern(); }),
       m_appearance([this](bool dark) { m_tray.UseDarkIcon(dark); }),
@@ -45,11 +53,17 @@ Program::Program(const std::filesystem::path& root)
   AddToolWindows();
   if (m_links != nullptr) m_links->OnUrl([this](const std::string& url) { OpenLink(url); });
   m_hotKeys.OnStateChanged([this](const std::vector<HotKeyState>& state) { ShowHotKeys(state); });
-  UseLanguage(settings.Language);
+  m_qtLanguage.Use(LanguageFor(m_language));
   m_tray.Show();
   UseSettings(settings);
   m_appearance.Start();
   if (!damaged.empty()) m_ui.Tell(m_strings.Format("msgSettingsDamaged", {damaged}));
+}
+
+shell::Globals Program::StartGlobals(const std::filesystem::path& root) {
+  shell::Globals globals = shell::InitGlobals(root, m_clock);
+  m_strings.UseLanguage(LanguageFor(globals.settings.Language));
+  return globals;
 }
 
 Program::~Program() {
@@ -114,7 +128,7 @@ void Program::UseSettings(const shell::Settings& settings) {
 
 void Program::UseLanguage(const std::string& setting) {
   m_language = setting;
-  const std::string_view language = shell::ChooseLanguage(setting, platform::PreferredLanguages());
+  const std::string_view language = LanguageFor(setting);
   m_strings.UseLanguage(language);
   m_qtLanguage.Use(language);
   m_tray.Retranslate();

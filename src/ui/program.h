@@ -53,6 +53,8 @@ class Program {
   shell::Application& application() { return *m_application; }
 
  private:
+  /// Loads the settings, and takes the language before the first text is shown.
+  shell::Globals StartGlobals(const std::filesystem::path& root);
   /// Tells the factory which window belongs to which request.
   void AddWindows();
   void AddToolWindows();
@@ -87,6 +89,7 @@ class Program {
   shell::Folders m_folders;  ///< paths, which never change
   PanelMemory m_imagePanels;
   std::shared_ptr<RulerMemory> m_rulers;
+  std::string m_language;  ///< the setting in use
   PracticeHost m_practice;
   Backends m_backends;
   std::unique_ptr<platform::Workspace> m_workspace = platform::OpenWorkspace();
@@ -95,7 +98,6 @@ class Program {
   std::unique_ptr<platform::LocalChannelServer> m_channel;
   Appearance m_appearance;
   HotKeyCenter m_hotKeys;
-  std::string m_language;                      ///< the setting in use
   std::optional<std::string> m_hotKeySetting;  ///< the setting in use, once there is one
   bool m_toldTakenKeys = false;
   std::string m_recentActions;

@@ -1,7 +1,7 @@
 #include "ui/quill_icon.h"
 
-#include <QDir>
-#include <QStringList>
+#include <QSize>
+#include <QString>
 
 // Resources of a static library are there only for those who ask for them; the macro must stand outside
 // every namespace.
@@ -15,8 +15,9 @@ QIcon QuillIcon(bool onDark) {
   LoadIconResource();
   const QString name = onDark ? QStringLiteral("QuillDark") : QStringLiteral("Quill");
   QIcon icon;
-  for (const QString& file : QDir(QStringLiteral(":/icons")).entryList({name + "[0-9]*.png"})) {
-    icon.addFile(QStringLiteral(":/icons/") + file);
+  // With its size told, a picture is only read when it is shown.
+  for (const int size : {16, 22, 24, 32, 44, 48, 64, 66, 72, 128}) {
+    icon.addFile(QStringLiteral(":/icons/%1%2.png").arg(name).arg(size), QSize(size, size));
   }
   return icon;
 }

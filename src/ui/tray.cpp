@@ -32,7 +32,7 @@ Tray::Tray(const shell::StringTable& strings, Handlers handlers)
         }
       });
   QObject::connect(&m_lookForTray, &QTimer::timeout, &menu(), [this] { LookForTray(); });
-  Retranslate();
+  m_icon.setToolTip(ToQt(m_strings.Text("appTitle")));
 }
 
 void Tray::Show() {
@@ -68,6 +68,7 @@ void Tray::ShowMenu() {
 }
 
 void Tray::Retranslate() {
+  m_actions.Retranslate();
   m_icon.setToolTip(ToQt(m_strings.Text("appTitle")));
   if (m_window != nullptr) m_window->Retranslate();
 }

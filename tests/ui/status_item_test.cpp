@@ -120,5 +120,28 @@ TEST_F(StatusItemTest, OpensItsMenuByAClick) {
   EXPECT_TRUE(MenusBecome(0));
 }
 
+// The menu speaks the language of the settings from the first moment, and another one as soon as it is set.
+TEST_F(StatusItemTest, SpeaksTheLanguageOfTheSettings) {
+  ASSERT_EQ(Quill("settings set Language de"), 0) << said;
+  StartMenu();
+  const auto layoutHas = [this](std::string_view key, std::string_view language) {
+    const shell::StringTable strings(language);
+    const std::string title(strings.Text(key));
+    return Eventually([&] {
+      Ask("about-to-show");
+      for (std::string line : Ask("layout")) {
+        line.erase(std::remove(line.begin(), line.end(), '_'), line.end());
+        line.erase(std::remove(line.begin(), line.end(), '&'), line.end());
+        if (line.find(title) != std::string::npos) return true;
+      }
+      return false;
+    });
+  };
+  EXPECT_TRUE(layoutHas("menuGroupTemplates", "de"));
+  EXPECT_TRUE(layoutHas("menuUpperCase", "de"));
+  ASSERT_EQ(Quill("settings set Language fr"), 0) << said;
+  EXPECT_TRUE(layoutHas("menuUpperCase", "fr"));
+}
+
 }  // namespace
 }  // namespace quill::ui
