@@ -148,7 +148,7 @@ TEST_F(PortalHotKeysTest, LostKeysAreToldAndAskedForAgain) {
   EXPECT_EQ(reports.back(), kBoth);
 }
 
-// The specification's names of keys, which are not ours.
+// The portal has names of its own for keys.
 TEST(PortalTrigger, IsWrittenAsTheDesktopReadsIt) {
   const struct {
     platform::KeyCombination keys;
