@@ -6,7 +6,6 @@ namespace quill::shell {
 namespace {
 
 constexpr std::string_view kTitlePrefix = "menu";
-constexpr std::int64_t kPageTitleTagCommand = 25;
 
 /// Item `index` of a list separated by semicolons; empty beyond its end.
 std::string_view Item(std::string_view list, std::int64_t index) {

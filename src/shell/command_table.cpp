@@ -204,13 +204,6 @@ const CommandRow* FindCommandByNumber(std::int64_t number) {
   return nullptr;
 }
 
-const CommandRow* FindHotKey(char letter) {
-  for (const CommandRow& row : kCommands) {
-    if (row.hotKey != 0 && row.hotKey == letter) return &row;
-  }
-  return nullptr;
-}
-
 std::vector<std::string> NearestActions(std::string_view name, std::size_t most) {
   constexpr std::size_t kComparedPrefix = 60;
   const std::string wanted = Simplified(name.substr(0, kComparedPrefix));

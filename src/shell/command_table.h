@@ -85,9 +85,6 @@ const CommandRow* FindCommand(std::string_view action);
 /// The row with this command number, or null. Numbers of online commands are not looked at.
 const CommandRow* FindCommandByNumber(std::int64_t number);
 
-/// The action of a hot-key letter, or null.
-const CommandRow* FindHotKey(char letter);
-
 /// Up to `most` action names close to a name that was not found, nearest first.
 std::vector<std::string> NearestActions(std::string_view name, std::size_t most = 3);
 

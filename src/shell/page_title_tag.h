@@ -10,6 +10,9 @@ namespace quill::shell {
 inline constexpr std::array<std::string_view, 16> kPageTitleTags = {
     "", "☐", "☑", "♥", "🎫", "🏠", "🔒", "📖", "✉", "📎", "❌", "🧾", "♦", "♣", "♠", "⭐"};
 
+/// The number of the command that puts a sign in front of a title; its argument is the index.
+inline constexpr std::int64_t kPageTitleTagCommand = 25;
+
 /// True for an index of `kPageTitleTags`.
 constexpr bool IsPageTitleTag(std::int64_t index) {
   return index >= 0 && index < static_cast<std::int64_t>(kPageTitleTags.size());

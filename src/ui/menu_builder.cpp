@@ -12,7 +12,6 @@ using shell::CommandGroup;
 using shell::CommandRow;
 using shell::Place;
 
-constexpr std::int64_t kTitleTagCommand = 25;
 // "Add", "Manage" and the line below them.
 constexpr int kFixedFavouriteItems = 3;
 
@@ -82,7 +81,7 @@ QMenu& ActionMenu::GroupMenu(CommandGroup group) {
 }
 
 void ActionMenu::AddRow(QMenu& menu, const CommandRow& row) {
-  if (row.number == kTitleTagCommand) return AddTags(menu, row);
+  if (row.number == shell::kPageTitleTagCommand) return AddTags(menu, row);
   QAction* action = AddEntry(menu, Title(row.titleKey), row, std::nullopt);
   action->setObjectName(ToQt(row.action));
   action->setCheckable(row.action == "MenuItemStartWithMondayClick");

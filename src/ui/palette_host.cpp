@@ -10,8 +10,6 @@ namespace {
 using shell::CommandRow;
 using shell::Place;
 
-constexpr std::int64_t kTitleTagCommand = 25;
-
 bool IsInPalette(const CommandRow& row) {
   // An entry that opens what is open already helps nobody.
   return (row.place == Place::Menu || row.place == Place::Palette) &&
@@ -42,7 +40,7 @@ std::vector<PaletteEntry> PaletteHost::Entries() const {
     for (const HotKeyState& key : m_hotKeys) {
       if (key.row == &row) entry.shortcut = HotKeyText(key.keys);
     }
-    if (row.number != kTitleTagCommand) {
+    if (row.number != shell::kPageTitleTagCommand) {
       entries.push_back(std::move(entry));
       continue;
     }

@@ -89,8 +89,11 @@ void Program::TellRefusal(const shell::Outcome& outcome) {
 }
 
 void Program::RunAction(const shell::CommandRow& row, std::optional<std::int64_t> argument) {
-  Remember(row, argument);
-  m_application->Run({&row, argument}, [this](const shell::Outcome& outcome) { TellRefusal(outcome); });
+  m_application->Run({&row, argument}, [this, &row, argument](const shell::Outcome& outcome) {
+    // Afterwards: the command must not wait for the disk.
+    if (outcome.ran) OnGui([this, &row, argument] { Remember(row, argument); });
+    TellRefusal(outcome);
+  });
 }
 
 void Program::OpenLink(const std::string& url) {

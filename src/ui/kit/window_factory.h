@@ -42,8 +42,6 @@ class WindowFactory {
   /// request was carried out without one.
   QWidget* Show(const std::any& request, const Answer& answer = {}) const;
 
-  bool Knows(const std::any& request) const { return m_makers.contains(std::type_index(request.type())); }
-
  private:
   std::map<std::type_index, std::function<QWidget*(const std::any&, const Answer&)>> m_makers;
 };
