@@ -9,6 +9,8 @@ install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 FILES_MATCH
 if(TARGET quillmenu)
   install(TARGETS quillmenu RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
   install(TARGETS quillweb LIBRARY DESTINATION lib/quillmenu)
+  install(DIRECTORY ${QUILL_MATHJAX_FOLDER} DESTINATION ${CMAKE_INSTALL_DATADIR}/quillmenu OPTIONAL
+          PATTERN ".stamp" EXCLUDE)
   install(FILES packaging/quillmenu.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
   install(FILES resources/icons/Quill.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps
           RENAME quillmenu.svg)

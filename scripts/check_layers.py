@@ -10,15 +10,16 @@ MAY_INCLUDE = {
     "base": set(),
     "content": {"base"},
     "platform": {"base", "content"},
-    "tools": {"base", "content"},
+    "tools": {"base", "content", "platform"},
     "online": {"base", "content", "platform"},
     "files": {"base", "content", "platform"},
     "shell": {"base", "content", "platform", "tools", "online", "files"},
     "cli": {"base", "content", "platform", "tools", "online", "files", "shell"},
     "ui": {"base", "content", "platform", "tools", "online", "files", "shell"},
-    "practice": {"base", "content", "platform", "shell", "ui"},
+    "equation": {"base", "content", "platform", "tools", "shell", "ui"},
+    "practice": {"base", "content", "platform", "shell", "ui", "equation"},
 }
-QT_ROOMS = ("ui/", "practice/", "platform/qt/")
+QT_ROOMS = ("ui/", "equation/", "practice/", "platform/qt/")
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s+(["<])([^">]+)[">]')
 QT_HEADER = re.compile(r"^(Q[A-Z]\w*|Qt\w*/.*)$")
 SYSTEM_MACRO = re.compile(r"\b(__APPLE__|__linux__|__unix__|_WIN32|Q_OS_\w+)\b")

@@ -14,7 +14,8 @@ import pathlib
 import re
 import sys
 
-KEY = re.compile(r'"((?:msg|err|ask|title|str|menu)[A-Z0-9]\w*|errorNotFoundOneNote|appTitle)"')
+KEY = re.compile(r'"((?:msg|err|ask|title|str|menu)[A-Z0-9]\w*|errorNotFoundOneNote|appTitle|'
+                 r'Columns|Rows|Paragraphs|Character_No_Spaces|Character_With_Spaces|Words|Non_Asian_Words|Asian_Words|Images)"')
 COMMENT = re.compile(r"^\s*//.*$", re.MULTILINE)
 PLACEHOLDER = re.compile(r"\{\d\}")
 COMPOSED = ("menuGroup", "syn")
@@ -24,14 +25,12 @@ FIXED = {"strNo", "strYes", "appTitle"}  # the same in every language
 AWAITED = set("""
     askAccountsDifference askBackupRecovery askClearBackup errAccountDiff errBackupCloseOneNote errDeleteTemplate
     errGetContentError errGetContentFailure errGetNotebooksError errGetPageLink errGetPagesError errGetPagesIDError
-    errNoHeadings errNoTags errNotFoundNotebook errOneNoteLinks errPageTitleEmpty errPhonetics errRestoreFailure
+    errNoHeadings errNoTags errNotFoundNotebook errOneNoteLinks errPageTitleEmpty errRestoreFailure
     errSelectCloudFileAttachmentLink errSelectLink errServerIndexing msgCompletePackage msgEndFind
     msgFavoritePageFailure msgFavoritePageSuccess msgFavoriteSectionFailure msgFavoriteSectionSuccess
-    msgInputDateFormat msgInputTimeFormat msgNotebookDeleted msgRestoreSuccess
-    msgSaveTemplateFailure msgSaveTemplateSuccess strTableOfContents strTableOfContentsNotebooks
-    strTableOfContentsSectionPages titleTableInformation WinBackupSuccess ClearBackupSuccess
-    MWinFavoriteSectionsTitle Columns Rows Paragraphs Character_No_Spaces Character_With_Spaces Words Non_Asian_Words
-    Asian_Words Images""".split())
+    msgNotebookDeleted msgRestoreSuccess msgSaveTemplateFailure msgSaveTemplateSuccess strTableOfContents strTableOfContentsNotebooks
+    strTableOfContentsSectionPages WinBackupSuccess ClearBackupSuccess
+    MWinFavoriteSectionsTitle""".split())
 
 
 def code():

@@ -2,6 +2,11 @@
 
 # Installs what is missing. A stamp beside the build remembers the list that was last satisfied.
 ensure_packages() {
+  ensure_system_packages
+  ensure_mathjax
+}
+
+ensure_system_packages() {
   local list=packaging/debian-packages.txt stamp=build/packages.stamp
   if [ "$(uname -s)" = Darwin ]; then
     brew bundle --quiet --file packaging/Brewfile
@@ -15,6 +20,8 @@ ensure_packages() {
   local missing=() package
   while read -r package; do
     case "$package" in '' | '#'*) continue ;; esac
+    # A Node.js from elsewhere brings its own npm, and the distribution's would conflict with it.
+    if [ "$package" = npm ] && command -v npm >/dev/null; then continue; fi
     dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q '^install ok installed' || missing+=("$package")
   done <"$list"
   if [ ${#missing[@]} -gt 0 ]; then
@@ -30,6 +37,26 @@ ensure_packages() {
   fi
   mkdir -p build
   cp "$list" "$stamp"
+}
+
+# MathJax, for equations: two packages by the lock file, into build/mathjax. Without npm or a network everything
+# else is built; the program then says at an equation what is missing.
+ensure_mathjax() {
+  local from=resources/mathjax to=build/mathjax
+  if [ -f "$to/stamp" ] && cmp -s "$from/package-lock.json" "$to/stamp"; then return; fi
+  if ! command -v npm >/dev/null; then
+    echo "dev: no npm here; equations will not work" >&2
+    return
+  fi
+  echo "dev: installing MathJax" >&2
+  mkdir -p "$to"
+  cp "$from/package.json" "$from/package-lock.json" "$to/"
+  if (cd "$to" && npm ci --ignore-scripts --omit=dev --no-audit --no-fund >install.log 2>&1); then
+    cp "$from/package-lock.json" "$to/stamp"
+  else
+    tail -n 5 "$to/install.log" >&2
+    echo "dev: MathJax could not be installed; equations will not work" >&2
+  fi
 }
 
 # configure PRESET: only when it has not been done, or when the presets changed.

@@ -1,5 +1,5 @@
 # fish completion for quill
-set -l commands list run trigger insert title normalize denormalize settings doctor
+set -l commands list run trigger insert title normalize denormalize image-table image-text highlight phonetics settings doctor
 complete -c quill -f
 complete -c quill -n "not __fish_seen_subcommand_from $commands" -a "$commands"
 complete -c quill -l root -r -d 'Keep every folder below DIR'
@@ -22,3 +22,28 @@ complete -c quill -n '__fish_seen_subcommand_from title' -a '(seq 0 15)'
 complete -c quill -n '__fish_seen_subcommand_from title' -l in -r -F -d 'Title'
 complete -c quill -n '__fish_seen_subcommand_from normalize' -l unchecked
 complete -c quill -n '__fish_seen_subcommand_from settings' -a 'list get set'
+complete -c quill -n '__fish_seen_subcommand_from run' -l style -r -a '(seq 0 34)' -d 'Table style'
+complete -c quill -n '__fish_seen_subcommand_from run' -l mode -r -a 'two-paragraphs paragraph paragraphs tabs commas other' -d 'How cells are separated'
+complete -c quill -n '__fish_seen_subcommand_from run' -l separator -r -d 'Between cells'
+complete -c quill -n '__fish_seen_subcommand_from run' -l columns -r -d 'Of a table by paragraphs'
+complete -c quill -n '__fish_seen_subcommand_from run' -l rows -r -d 'Of a table by paragraphs'
+complete -c quill -n '__fish_seen_subcommand_from image-table' -F
+complete -c quill -n '__fish_seen_subcommand_from image-table' -l horizontal -d 'All pictures in one row'
+complete -c quill -n '__fish_seen_subcommand_from image-table' -l names -d 'Names of the files'
+complete -c quill -n '__fish_seen_subcommand_from image-table' -l out -r -F -d 'Result'
+complete -c quill -n '__fish_seen_subcommand_from image-text' -a 'clean paragraphs'
+complete -c quill -n '__fish_seen_subcommand_from image-text' -l in -r -F -d 'Text'
+complete -c quill -n '__fish_seen_subcommand_from image-text' -l html -d 'The input is a copied page'
+complete -c quill -n '__fish_seen_subcommand_from highlight' -l lang -r -d 'Language, or auto'
+complete -c quill -n '__fish_seen_subcommand_from highlight' -l theme -r -d 'Colours'
+complete -c quill -n '__fish_seen_subcommand_from highlight' -l font -r
+complete -c quill -n '__fish_seen_subcommand_from highlight' -l size -r -d 'Points'
+complete -c quill -n '__fish_seen_subcommand_from highlight' -l line-numbers
+complete -c quill -n '__fish_seen_subcommand_from highlight' -l bold
+complete -c quill -n '__fish_seen_subcommand_from highlight' -l frame
+complete -c quill -n '__fish_seen_subcommand_from highlight' -l shading -r -d 'Background as #RRGGBB'
+complete -c quill -n '__fish_seen_subcommand_from highlight' -l own-rules
+complete -c quill -n '__fish_seen_subcommand_from highlight' -l in -r -F -d 'Code'
+complete -c quill -n '__fish_seen_subcommand_from highlight' -l out -r -F -d 'Result'
+complete -c quill -n '__fish_seen_subcommand_from phonetics' -l language -r -a 'Chinese English French German Japanese'
+complete -c quill -n '__fish_seen_subcommand_from phonetics' -l json

@@ -15,7 +15,9 @@
 #include "platform/clock.h"
 #include "platform/posix/link_handler.h"
 #include "platform/posix/local_channel.h"
+#include "platform/posix/posix_process_runner.h"
 #include "shell/globals.h"
+#include "shell/highlighter.h"
 
 namespace quill::cli {
 namespace {
@@ -88,6 +90,29 @@ Finding LookAtTool(const std::string& name, const std::string& use) {
   return {name, false, fmt::format("not installed; needed for {}", use)};
 }
 
+Finding LookAtHighlighter(const shell::Globals& globals) {
+  platform::PosixProcessRunner runner;
+  const tools::HighlighterPlace place = shell::FindHighlighter(globals.settings, runner);
+  const std::string useless = place.isSettingUseless
+                                  ? fmt::format("; the setting HighlighterPath names no program: {}",
+                                                globals.settings.HighlighterPath)
+                                  : "";
+  switch (place.origin) {
+    case tools::HighlighterOrigin::Setting:
+      return {"highlight", true, place.path + ", as the setting HighlighterPath says"};
+    case tools::HighlighterOrigin::FixedPath:
+      return {"highlight", !place.isSettingUseless, place.path + ", the usual place" + useless};
+    case tools::HighlighterOrigin::SearchPath:
+      return {"highlight", !place.isSettingUseless, place.path + ", found on PATH" + useless};
+    case tools::HighlighterOrigin::NotFound:
+      break;
+  }
+  return {"highlight", false,
+          "not installed; needed for coloured source code: install the package \"highlight\", or set "
+          "HighlighterPath" +
+              useless};
+}
+
 Finding LookAtLinks() {
   if (!platform::UsesDesktopEntries()) return {"qvar:// links", true, "opened by the application's bundle"};
   const std::string entry = platform::DesktopEntryForScheme("qvar");
@@ -109,7 +134,8 @@ std::vector<Finding> Examine(const Call& call) {
           LookAtDisplay(),
           LookAtApplication(call),
           LookAtLinks(),
-          LookAtTool("highlight", "coloured source code"),
+          LookAtHighlighter(globals),
+          LookAtTool("espeak-ng", "the pronunciation of words that no dictionary has"),
           LookAtTool("zip", "notebook packages"),
           LookAtTool("unzip", "notebook packages"),
           LookAtTool("cabextract", "opening .onepkg files")};

@@ -70,7 +70,7 @@ int Insert(Call& call, const InsertOptions& options) {
   const FileOutcome outcome = RunOnFile(call, command, {}, clock);
   for (const std::string& message : outcome.messages) PrintError(message);
   if (!outcome.messages.empty()) return kWorkFailed;
-  WriteOutput(options.out, PrintedResult(outcome, options.fragment));
+  WriteOutput(options.out, PrintedResult(call, outcome, options.fragment));
   return kDone;
 }
 

@@ -25,6 +25,7 @@ struct RunOptions {
   std::string out;
   bool fragment = false;
   bool json = false;
+  DialogFlags dialog;
 };
 
 std::optional<std::int64_t> AsNumber(const std::string& text) {
@@ -53,6 +54,8 @@ nlohmann::json AsJson(const shell::CommandRow& row, const FileOutcome& outcome) 
     if (contents.text && !contents.html) pasted["text"] = *contents.text;
     pasted["replaceSelection"] = outcome.paste->replaceSelection;
   }
+  nlohmann::json data = nlohmann::json::object();
+  for (const tools::CountRow& figure : outcome.figures) data[figure.key] = figure.value;
   nlohmann::json clipboard;
   if (outcome.clipboardText) clipboard["text"] = *outcome.clipboardText;
   return {{"command", row.number},
@@ -61,7 +64,7 @@ nlohmann::json AsJson(const shell::CommandRow& row, const FileOutcome& outcome) 
           {"pasted", pasted},
           {"clipboard", clipboard},
           {"messages", outcome.messages},
-          {"data", nlohmann::json::object()}};
+          {"data", data}};
 }
 
 FileInput ReadInput(const RunOptions& options) {
@@ -71,6 +74,7 @@ FileInput ReadInput(const RunOptions& options) {
     input.html = content::JoinFragment(content::kBuiltHead, input.html, content::kBuiltTail);
   if (options.text) input.text = ReadInputText(*options.text);
   input.file = options.file;
+  input.dialog = options.dialog;
   return input;
 }
 
@@ -94,9 +98,9 @@ int RunOnFiles(Call& call, const RunOptions& options, const shell::CommandRow& r
     WriteOutput(options.out,
                 AsJson(row, outcome).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) + "\n");
   } else {
-    const std::string result = PrintedResult(outcome, options.fragment);
-    if (outcome.messages.empty() && (!result.empty() || !options.out.empty()))
-      WriteOutput(options.out, result);
+    const std::string result = PrintedResult(call, outcome, options.fragment);
+    const bool isDone = outcome.messages.empty();
+    if (!result.empty() || (isDone && !options.out.empty())) WriteOutput(options.out, result);
   }
   for (const std::string& message : outcome.messages) PrintError(message);
   return outcome.messages.empty() ? kDone : kWorkFailed;
@@ -117,11 +121,15 @@ void AddRun(CLI::App& app, Call& call) {
       ->type_name("FILE");
   run->add_option("--file", options->file, "Answer to a save panel")->type_name("FILE");
   run->add_option("--tag", options->tag, "Page title tag, 0 to 15")->type_name("N");
+  AddDialogFlags(*run, options->dialog);
   run->add_flag("--json", options->json, "One JSON object that tells everything the command did");
   run->callback([&call, options] {
     const shell::CommandRow& row = WantedCommand(options->command);
     if (options->in) {
       call.status = RunOnFiles(call, *options, row);
+    } else if (HasAny(options->dialog)) {
+      throw Stop(kWrongCall,
+                 "the answers to dialogs are for files (--in FILE); in the application its dialog asks");
     } else {
       call.status = RunInApplication(call, std::string(row.action), options->tag);
     }

@@ -23,6 +23,9 @@ void AddCommands(CLI::App& app, Call& call) {
   quill::cli::AddInsert(app, call);
   quill::cli::AddTitle(app, call);
   quill::cli::AddCodec(app, call);
+  quill::cli::AddImage(app, call);
+  quill::cli::AddHighlight(app, call);
+  quill::cli::AddPhonetics(app, call);
   quill::cli::AddSettings(app, call);
   quill::cli::AddTrigger(app, call);
   quill::cli::AddDoctor(app, call);

@@ -5,6 +5,8 @@
 #include <QQuickWindow>
 #include <utility>
 
+#include "equation/equation_stack.h"
+#include "equation/mathjax_source.h"
 #include "practice/built_in_pages.h"
 #include "practice/practice_notebook.h"
 
@@ -32,6 +34,7 @@ void GiveShareContext() {
 WebViewsPlugin::WebViewsPlugin() {
   QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
   GiveShareContext();
+  equation::RegisterEquationScheme();
 }
 
 Result<std::unique_ptr<ui::PracticeNotebook>> WebViewsPlugin::CreatePracticeNotebook(
@@ -41,6 +44,10 @@ Result<std::unique_ptr<ui::PracticeNotebook>> WebViewsPlugin::CreatePracticeNote
   auto window = std::make_unique<PracticeWindow>(
       std::move(*store), LinkBase{options.documentHost, options.webAddress}, options.strings);
   return std::unique_ptr<ui::PracticeNotebook>(std::make_unique<Notebook>(std::move(window)));
+}
+
+std::unique_ptr<ui::EquationView> WebViewsPlugin::CreateEquationView(const ui::EquationOptions& options) {
+  return std::make_unique<equation::Equations>(options);
 }
 
 }  // namespace quill::practice

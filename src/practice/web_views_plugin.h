@@ -17,6 +17,7 @@ class WebViewsPlugin final : public QObject, public ui::WebViews {
   WebViewsPlugin();
   Result<std::unique_ptr<ui::PracticeNotebook>> CreatePracticeNotebook(
       const ui::PracticeOptions& options) override;
+  std::unique_ptr<ui::EquationView> CreateEquationView(const ui::EquationOptions& options) override;
 };
 
 }  // namespace quill::practice

@@ -107,7 +107,8 @@ Outcome Application::Execute(const JobOptions& options, const Job& job) {
   const platform::Backend backend = m_parts.chooseBackend();
   explain.Note(std::string("target: ").append(backend.name));
   Services services{*backend.desktop, *backend.pasteboard, m_parts.workspace, ui,
-                    m_parts.clock,    m_parts.strings,     explain,           m_parts.log};
+                    m_parts.clock,    m_parts.strings,     explain,           m_parts.log,
+                    m_parts.engines};
   const NotesOf notes(backend, explain);
   CommandContext context{services, m_parts.globals, options.argument};
   try {

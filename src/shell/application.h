@@ -14,6 +14,7 @@
 #include "platform/workspace.h"
 #include "shell/command_table.h"
 #include "shell/command_thread.h"
+#include "shell/engines.h"
 #include "shell/globals.h"
 #include "shell/housekeeping.h"
 #include "shell/menu_state.h"
@@ -52,6 +53,7 @@ class Application {
     Log& log;
     /// Told, on the command thread, that the settings file was written and has been read again.
     std::function<void(const Settings& settings)> onSettingsRead = nullptr;
+    Engines engines = {};
   };
 
   explicit Application(Parts parts);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <numeric>
 
+#include "shell/content_actions.h"
+#include "shell/engine_commands.h"
 #include "shell/not_built_yet.h"
 #include "shell/onenote_main.h"
 #include "shell/program_actions.h"
@@ -60,7 +62,7 @@ constexpr CommandRow kCommands[] = {
     {"MenuItemInsertDateClick", Page, 20, 1, "menuInsertDate", 'D', kOneNote, InsertDateTime},
     {"MenuItemInsertTimeClick", Page, 20, 2, "menuInsertTime", 'T', kOneNote, InsertDateTime},
     {"MenuItemInsertDateTimeClick", Page, 20, 0, "menuInsertDateTime", 0, kOneNote, InsertDateTime},
-    {"MenuItemInsertDateTimeFormatClick", Page, 0, 0, "menuDateTimeFormat", 0, kNothing, NotBuiltYet},
+    {"MenuItemInsertDateTimeFormatClick", Page, 0, 0, "menuDateTimeFormat", 0, kNothing, DateTimeFormat},
     {"MenuItemLowerCaseClick", Text, 2, 0, "menuLowerCase", 0, kSelection, RunTransform},
     {"MenuItemUpperCaseClick", Text, 3, 0, "menuUpperCase", 0, kSelection, RunTransform},
     {"MenuItemToggleCaseClick", Text, 4, 0, "menuToggleCase", 0, kSelection, RunTransform},
@@ -74,11 +76,11 @@ constexpr CommandRow kCommands[] = {
     {"MenuItemInsertCalendarThisMonth", Calendar, 0, 0, "menuCalendarThisMonth", 0, kOneNote, CalendarOfMonth},
     {"MenuItemInsertCalendarNextMonth", Calendar, 0, 1, "menuCalendarNextMonth", 0, kOneNote, CalendarOfMonth},
     {"MenuItemInsertCalendarPrevMonth", Calendar, 0, -1, "menuCalendarPrevMonth", 0, kOneNote, CalendarOfMonth},
-    {"MenuItemInsertCalendarCustomize", Calendar, 0, 0, "menuCalendarCustomize", 0, kOneNote, NotBuiltYet},
+    {"MenuItemInsertCalendarCustomize", Calendar, 0, 0, "menuCalendarCustomize", 0, kOneNote, CalendarOfChoice},
     {"MenuItemStartWithMondayClick", Calendar, 0, 0, "menuStartWithMonday", 0, kNothing, StartWithMonday},
     {"MenuItemOpenPictureClick", Image, 14, 0, "menuOpenPicture", 0, kSelection, RunTransform},
     {"MenuItemViewImageClick", Image, 13, 0, "menuViewImage", 0, kSelection, RunTransform},
-    {"MenuItemImageOCRText", Image, 0, 0, "menuImageOCRText", 0, kSelection, NotBuiltYet},
+    {"MenuItemImageOCRText", Image, 0, 0, "menuImageOCRText", 0, kSelection, ImageOCRText},
     {"MenuItemOpenCloudFileAttachmentClick", Links, 12, 0, "menuOpenCloudFileAttachment", 0, kSelection, RunTransform},
     {"MenuItemOpenLocalLinkClick", Links, 11, 0, "menuOpenLocalLink", 0, kSelection, RunTransform},
     {"MenuItemVarLinkClick", Links, 10003, 0, "menuVarLink", 0, kOneNote, RunTransform},
@@ -87,7 +89,7 @@ constexpr CommandRow kCommands[] = {
     {"MenuItemTable2TextClick", Table, 17, 0, "menuTable2Text", 0, kSelection, RunTransform},
     {"MenuItemText2TableClick", Table, 18, 0, "menuText2Table", 0, kSelection, RunTransform},
     {"MenuItemSaveTableAsCSVClick", Table, 19, 0, "menuSaveTableAsCSV", 0, kSelection, RunTransform},
-    {"MenuItemImageTableClick", Table, 0, 0, "menuImageTable", 0, kOneNote, NotBuiltYet},
+    {"MenuItemImageTableClick", Table, 0, 0, "menuImageTable", 0, kOneNote, ImageTable},
     {"MenuItemTemplateClick", Templates, 0, 0, "menuTemplate", 0, kOneNote, NotBuiltYet},
     {"MenuItemSaveAsTemplateClick", Templates, 8, 0, "menuSaveAsTemplate", 0, kSelection, RunTransform},
     {"MenuItemFavoriteCurrentPageClick", Favourites, 0, 0, "menuFavoriteCurrentPage", 0, kOneNote, NotBuiltYet},
@@ -117,9 +119,9 @@ constexpr CommandRow kCommands[] = {
     {"MenuItemRestoreOneSectionFileClick", Files, 0, 0, "menuRestoreOneSection", 0, kNothing, NotBuiltYet},
     {"MenuItemPagesNumberClick", Files, 0, 0, "menuPagesNumber", 0, kOnline, NotBuiltYet},
     {"MenuItemADayPagesClick", Files, 0, 0, "menuADayPages", 0, kOnline, NotBuiltYet},
-    {"MenuItemSyntaxHighlightClick", Insert, 0, 0, "menuSyntaxHighlight", 0, kOneNote, NotBuiltYet},
+    {"MenuItemSyntaxHighlightClick", Insert, 0, 0, "menuSyntaxHighlight", 0, kOneNote, SyntaxHighlight},
     {"MenuItemInsertHorizontalLine", Insert, 0, 0, "menuInsertHorizontalLine", 0, kOneNote, InsertHorizontalLine},
-    {"MenuItemLaTeXEquation", Insert, 0, 0, "menuLaTeXEquation", 0, kOneNote, NotBuiltYet},
+    {"MenuItemLaTeXEquation", Insert, 0, 0, "menuLaTeXEquation", 0, kOneNote, LaTeXEquation},
     {"MenuItemOptionsClick", Program, 0, 0, "menuOptions", 0, kNothing, nullptr, Show<OptionsRequest>},
     {"MenuItemRunOneNoteClick", Program, 0, 0, "menuRunOneNote", 0, kNothing, RunOneNote},
     {"MenuItemCacheFolderClick", Program, 0, 0, "menuCacheFolder", 0, kNothing, ShowCacheFolder},

@@ -10,6 +10,7 @@
 #include "content/text_between.h"
 #include "shell/image_sources.h"
 #include "shell/transform_table.h"
+#include "tools/slides.h"
 #include "tools/table_csv.h"
 
 namespace quill::shell {
@@ -65,6 +66,24 @@ std::int64_t SaveTableAsCSV(TransformContext& context) {
   }
   const auto file = AskSavePath(context, "titleExportToFile", "", "csv");
   if (file) WriteExport(context, *file, tools::TableToCsv(table));
+  return 0;
+}
+
+std::int64_t ConvertToPPT(TransformContext& context) {
+  if (!context.services.desktop.ApplicationInstalled(tools::kPowerPointApplication)) {
+    context.bridge.ShowMessage("Please install Microsoft PowerPoint before using this feature!");
+    return 0;
+  }
+  switch (tools::MConvert2Ppt().Run(*context.document)) {
+    case tools::SlidesStep::SayNoHeading:
+      context.bridge.ShowMessage("No heading 1 in selection!");
+      break;
+    case tools::SlidesStep::RunScript:
+      context.bridge.RunAppleScript(tools::kPowerPointScript);
+      break;
+    case tools::SlidesStep::Nothing:
+      break;
+  }
   return 0;
 }
 

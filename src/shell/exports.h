@@ -22,6 +22,10 @@ std::int64_t SaveAsHtml(TransformContext& context);
 /// when there is none.
 std::int64_t SaveTableAsCSV(TransformContext& context);
 
+/// Has PowerPoint run its macro on the copied selection, when PowerPoint is installed and the selection has a
+/// first-level heading (`tools/slides.h`).
+std::int64_t ConvertToPPT(TransformContext& context);
+
 /// Has Word paste the copied selection into a new document, when Word is installed.
 std::int64_t SaveAsWordDocument(TransformContext& context);
 

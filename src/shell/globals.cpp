@@ -1,5 +1,7 @@
 #include "shell/globals.h"
 
+#include <algorithm>
+
 #include "shell/config.h"
 
 namespace quill::shell {
@@ -46,6 +48,17 @@ void WriteRow(MConfig& config, const SettingRow& row, const Settings& settings) 
   std::visit([&](auto field) { Write(config, row.key, settings.*field); }, row.field);
 }
 
+/// Merges the rows that are wanted into the file as it is now.
+template <class Wanted>
+Status<> SaveRows(const Globals& globals, Wanted wanted) {
+  if (globals.folders.SettingsFile.empty()) return Done();
+  MConfig config(globals.folders.SettingsFile);
+  for (const SettingRow& row : SettingTable()) {
+    if (wanted(row)) WriteRow(config, row, globals.settings);
+  }
+  return config.Save();
+}
+
 Globals GlobalsIn(Folders folders, const platform::Clock& clock) {
   const std::chrono::system_clock::time_point now = clock.Now();
   Globals globals;
@@ -75,17 +88,17 @@ void LoadSettings(Globals& globals) {
 }
 
 Status<> SaveSettings(const Globals& globals) {
-  MConfig config(globals.folders.SettingsFile);
-  for (const SettingRow& row : SettingTable()) {
-    if (row.writer == SettingWriter::SaveSettings) WriteRow(config, row, globals.settings);
-  }
-  return config.Save();
+  return SaveRows(globals, [](const SettingRow& row) { return row.writer == SettingWriter::SaveSettings; });
 }
 
 Status<> SaveSetting(const Globals& globals, const SettingRow& row) {
-  MConfig config(globals.folders.SettingsFile);
-  WriteRow(config, row, globals.settings);
-  return config.Save();
+  return SaveRows(globals, [&](const SettingRow& one) { return one.key == row.key; });
+}
+
+Status<> SaveSettingRows(const Globals& globals, std::initializer_list<std::string_view> keys) {
+  return SaveRows(globals, [&](const SettingRow& row) {
+    return std::find(keys.begin(), keys.end(), row.key) != keys.end();
+  });
 }
 
 Status<> ChangeSetting(Globals& globals, const SettingRow& row, std::string_view text) {

@@ -1,6 +1,7 @@
 #pragma once
 #include <chrono>
 #include <filesystem>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -37,6 +38,9 @@ Globals OpenGlobals(const std::filesystem::path& root, const platform::Clock& cl
 /// that the row does not accept counts as absent. Sets `settingsProblem`.
 void LoadSettings(Globals& globals);
 
+// The three that write do nothing, successfully, when `folders.SettingsFile` is empty: these settings live in
+// memory only.
+
 /// Merges the table's rows that `SaveSettings` owns into the file as it is now, and writes it.
 Status<> SaveSettings(const Globals& globals);
 
@@ -46,5 +50,8 @@ Status<> ChangeSetting(Globals& globals, const SettingRow& row, std::string_view
 
 /// Merges one row, whoever owns it, into the file as it is now, and writes it.
 Status<> SaveSetting(const Globals& globals, const SettingRow& row);
+
+/// As `SaveSetting` for the rows of these keys together.
+Status<> SaveSettingRows(const Globals& globals, std::initializer_list<std::string_view> keys);
 
 }  // namespace quill::shell

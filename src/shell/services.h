@@ -4,6 +4,7 @@
 #include "platform/pasteboard.h"
 #include "platform/user_interface.h"
 #include "platform/workspace.h"
+#include "shell/engines.h"
 #include "shell/explain.h"
 #include "shell/log.h"
 #include "shell/string_table.h"
@@ -20,6 +21,7 @@ struct Services {
   const StringTable& strings;
   Explain& explain;
   Log& log;
+  Engines engines = {};
 };
 
 }  // namespace quill::shell

@@ -39,6 +39,16 @@ bool IsColour(std::string_view text) {
          text.find_first_not_of("0123456789abcdefABCDEF", 1) == std::string_view::npos;
 }
 
+/// Nothing, or an address of a host without a path.
+bool IsSecureHost(std::string_view text) {
+  constexpr std::string_view kScheme = "https://";
+  if (text.empty()) return true;
+  return text.starts_with(kScheme) && text.size() > kScheme.size() &&
+         text.substr(kScheme.size())
+                 .find_first_not_of("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789.-:") ==
+             std::string_view::npos;
+}
+
 using enum SettingWriter;
 using S = Settings;
 
@@ -58,8 +68,17 @@ constexpr SettingRow kTable[] = {
     {"Syntax_Shaping", &S::Syntax_Shaping, SaveSettings, false, "Highlighting: background of the frame",
      IsColour, "a colour as #RRGGBB"},
     {"Syntax_Bold", &S::Syntax_Bold, SaveSettings, false, "Highlighting: bold"},
+    {"HighlighterPath", &S::HighlighterPath, SaveSettings, false,
+     "Highlighting: the program, instead of the one that is found"},
     {"TableStyle_SelectIndex", &S::TableStyle_SelectIndex, SaveSettings, false, "Last chosen table style"},
     {"Phonetics_Language", &S::Phonetics_Language, SaveSettings, false, "Language of the phonetic symbols"},
+    {"Phonetics_Synthesizer", &S::Phonetics_Synthesizer, SaveSettings, false,
+     "Phonetic symbols from the speech synthesizer when no dictionary has them"},
+    {"Phonetics_Transliteration", &S::Phonetics_Transliteration, SaveSettings, false,
+     "Phonetic symbols by transliteration when no dictionary has them"},
+    {"MathJaxAddress", &S::MathJaxAddress, SaveSettings, false,
+     "Where equations load MathJax from; empty for the installed files", IsSecureHost,
+     "nothing or https:// and a host"},
     {"OnlineOneNoteAccessToken", &S::OnlineOneNoteAccessToken, SaveSettings, true, "Sign-in: access token"},
     {"OnlineOneNoteRefreshToken", &S::OnlineOneNoteRefreshToken, SaveSettings, true,
      "Sign-in: refresh token"},
@@ -81,6 +100,17 @@ constexpr SettingRow kTable[] = {
      AcceptsHotKeysSetting,
      "ACTION=COMBINATION joined by \";\", as in MenuItemUpperCaseClick=Control+Option+U"},
     {"RecentActions", &S::RecentActions, Owner, false, "Actions used last, newest first"},
+    {"RecentFormulas", &S::RecentFormulas, Owner, false, "Equations: formulas inserted last"},
+    {"Table2Text_Index", &S::Table2Text_Index, Owner, false,
+     "Table to text: 0 two paragraphs a cell, 1 one paragraph, 2 tabs, 3 commas, 4 another separator"},
+    {"Table2Text_Seperator", &S::Table2Text_Seperator, Owner, false, "Table to text: the other separator"},
+    {"Text2Table_Index", &S::Text2Table_Index, Owner, false,
+     "Text to table: 0 a paragraph a cell, 1 tabs, 2 commas, 3 another separator"},
+    {"Text2Table_Seperator", &S::Text2Table_Seperator, Owner, false, "Text to table: the other separator"},
+    {"ImageTableHorizontalArrange", &S::ImageTableHorizontalArrange, Owner, false,
+     "Image table: 1 for all pictures in one row, 0 for a row each"},
+    {"ImageTableShowFileName", &S::ImageTableShowFileName, Owner, false,
+     "Image table: 1 for the names of the files, 0 for none"},
     {"OneAppBackup_Last", &S::OneAppBackup_Last, Owner, false, "Day of the last backup"},
     {"OneAppUpdate_Last", &S::OneAppUpdate_Last, Owner, false, "Day of the last look for updates"},
     {"CheckedUpdateVersion_Last", &S::CheckedUpdateVersion_Last, Owner, false,

@@ -39,8 +39,19 @@ struct Settings {
   bool Syntax_FrameUp = true;
   std::string Syntax_Shaping = "#FFFFFF";
   bool Syntax_Bold = false;
+  std::string HighlighterPath;  ///< empty: the one that is found
   std::int64_t TableStyle_SelectIndex = 1;
+  std::int64_t Table2Text_Index = 0;       ///< a `tools::TableTextMode`
+  std::string Table2Text_Seperator = "-";  ///< spelt as the files have it
+  std::int64_t Text2Table_Index = 0;       ///< a `tools::TextTableMode`
+  std::string Text2Table_Seperator = "-";
+  std::int64_t ImageTableHorizontalArrange = 0;  ///< 0 or 1
+  std::int64_t ImageTableShowFileName = 1;       ///< 0 or 1
   std::string Phonetics_Language = "English";
+  bool Phonetics_Synthesizer = true;
+  bool Phonetics_Transliteration = true;
+  std::string MathJaxAddress;  ///< "https://host"; empty: the installed files
+  std::string RecentFormulas;  ///< as `tools::RecentFormulas` writes it
   std::string OnlineOneNoteAccessToken;
   std::string OnlineOneNoteRefreshToken;
   std::string ClientUrlAccountId;

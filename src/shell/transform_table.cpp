@@ -1,8 +1,10 @@
 #include "shell/transform_table.h"
 
+#include "shell/engine_commands.h"
 #include "shell/exports.h"
 #include "shell/not_built_yet.h"
 #include "shell/picture_commands.h"
+#include "shell/table_commands.h"
 #include "tools/letter_case.h"
 
 namespace quill::shell {
@@ -28,19 +30,19 @@ constexpr TransformRow kTransforms[] = {
     {6, "SaveAsHtml", Document, WhenPositive, SaveAsHtml},
     {7, "SaveAsWordDocument", Document, WhenPositive, SaveAsWordDocument},
     {8, "SaveAsTemplate", Document, WhenPositive, TransformNotBuiltYet},
-    {9, "ConvertToPPT", Document, Never, TransformNotBuiltYet},
-    {10, "WordCount", Document, Never, TransformNotBuiltYet},
+    {9, "ConvertToPPT", Document, Never, ConvertToPPT},
+    {10, "WordCount", Document, Never, WordCount},
     {11, "OpenLocalLink", Fragment, Never, TransformNotBuiltYet},
     {12, "OpenCloudFileAttachmentLink", Fragment, Never, TransformNotBuiltYet},
     {13, "ImageCrop", Document, Never, ImageCrop, ImageCropViaImageFormat},
     {14, "OpenPicture", Document, Never, OpenPicture, OpenPictureViaImageFormat},
-    {15, "ChangeTableStyle", Document, WhenPositive, TransformNotBuiltYet},
-    {16, "WordCount", Document, Never, TransformNotBuiltYet},
-    {17, "Table2Text", Document, WhenPositive, TransformNotBuiltYet},
-    {18, "Text2Table", Document, WhenPositive, TransformNotBuiltYet},
+    {15, "ChangeTableStyle", Document, WhenPositive, ChangeTableStyle},
+    {16, "WordCount", Document, Never, WordCount},
+    {17, "Table2Text", Document, WhenPositive, Table2Text},
+    {18, "Text2Table", Document, WhenPositive, Text2Table},
     {19, "SaveTableAsCSV", Document, WhenPositive, SaveTableAsCSV},
     {10001, "ExportLog", Whole, WhenPositive, ExportLog},
-    {10002, "InsertPhonetics", Fragment, WhenPositive, TransformNotBuiltYet},
+    {10002, "InsertPhonetics", Fragment, WhenPositive, InsertPhonetics},
     // The link's text and target are in the selection itself, not in the head around it.
     {10003, "VarLink", Fragment, Never, TransformNotBuiltYet, NothingCopiedNotBuiltYet},
 };

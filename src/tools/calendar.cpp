@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 #include <unicode/calendar.h>
 #include <unicode/dtfmtsym.h>
+#include <unicode/gregocal.h>
 
 #include <algorithm>
 #include <cstring>
@@ -135,6 +136,19 @@ std::string CreateCalendarAnnual(std::int64_t year, WeekStart weekStart, const D
     tables.Append(html, year, month);
   }
   return html;
+}
+
+CalendarMonth MonthOfDay(const std::chrono::year_month_day& day, const DateStyle& style) {
+  const CalendarMonth gregorian{int{day.year()}, unsigned{day.month()}};
+  const std::unique_ptr<icu::Calendar> calendar = CalendarOf(style);
+  if (calendar == nullptr || std::strcmp(calendar->getType(), "gregorian") == 0) return gregorian;
+  UErrorCode status = U_ZERO_ERROR;
+  icu::GregorianCalendar noon(int{day.year()}, static_cast<int32_t>(unsigned{day.month()}) - 1,
+                              static_cast<int32_t>(unsigned{day.day()}), 12, 0, status);
+  noon.setTimeZone(calendar->getTimeZone());
+  calendar->setTime(noon.getTime(status), status);
+  const CalendarMonth month{calendar->get(UCAL_YEAR, status), calendar->get(UCAL_MONTH, status) + 1};
+  return U_SUCCESS(status) ? month : gregorian;
 }
 
 CalendarMonth ShiftMonth(std::chrono::system_clock::time_point moment, int delta, const DateStyle& style) {

@@ -28,6 +28,9 @@ struct CalendarMonth {
   bool operator==(const CalendarMonth&) const = default;
 };
 
+/// The month of the locale's calendar in which a Gregorian day lies.
+CalendarMonth MonthOfDay(const std::chrono::year_month_day& day, const DateStyle& style = {});
+
 /// The month `delta` months after the moment's, in the style's zone. Counts from the first of the month:
 /// one month after 31 January is February.
 CalendarMonth ShiftMonth(std::chrono::system_clock::time_point moment, int delta,

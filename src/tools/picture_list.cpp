@@ -32,9 +32,11 @@ bool EndsInExtension(std::string_view name, Fold fold) {
 /// is walked once.
 class Expansion {
  public:
+  explicit Expansion(const WalkProgress& progress) : m_progress(progress) {}
+
   void Add(const std::string& path) {
     m_pending.push_back({path, false});
-    while (!m_pending.empty()) {
+    while (!m_pending.empty() && GoesOn()) {
       const Entry entry = std::move(m_pending.back());
       m_pending.pop_back();
       Look(entry);
@@ -48,6 +50,11 @@ class Expansion {
     std::string path;
     bool isInFolder;
   };
+
+  bool GoesOn() {
+    if (m_progress && !m_list.isStopped) m_list.isStopped = !m_progress(m_list.paths.size());
+    return !m_list.isStopped;
+  }
 
   void Look(const Entry& entry) {
     const std::string name = fs::path(entry.path).filename().string();
@@ -72,6 +79,7 @@ class Expansion {
   void Skip(const Entry& entry, SkipReason reason) { m_list.skipped.push_back({entry.path, reason}); }
   void PushEntriesOf(const Entry& folder);
 
+  const WalkProgress& m_progress;
   PictureList m_list;
   std::vector<Entry> m_pending;  ///< the next one at the back
   std::set<std::pair<dev_t, ino_t>> m_walked;
@@ -81,7 +89,7 @@ void Expansion::PushEntriesOf(const Entry& folder) {
   const std::size_t first = m_pending.size();
   std::error_code error;
   fs::directory_iterator entries(folder.path, error);
-  while (!error && entries != fs::directory_iterator()) {
+  while (!error && entries != fs::directory_iterator() && GoesOn()) {
     m_pending.push_back({entries->path().string(), true});
     entries.increment(error);
   }
@@ -104,8 +112,8 @@ bool IsPictureNameInFolder(std::string_view name) {
   return EndsInExtension(name, [](char c) { return c; });
 }
 
-PictureList ExpandPictures(std::span<const std::string> paths) {
-  Expansion expansion;
+PictureList ExpandPictures(std::span<const std::string> paths, const WalkProgress& progress) {
+  Expansion expansion(progress);
   for (const std::string& path : paths) expansion.Add(path);
   return std::move(expansion).Take();
 }

@@ -1,4 +1,6 @@
 #pragma once
+#include <cstddef>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -34,11 +36,15 @@ struct SkippedPath {
 struct PictureList {
   std::vector<std::string> paths;
   std::vector<SkippedPath> skipped;  ///< never the files of a folder that are no pictures
+  bool isStopped = false;            ///< the walk was ended before its end; the rest is what it had found
 };
+
+/// Told how many pictures are found, before each entry that is looked at; false ends the walk.
+using WalkProgress = std::function<bool(std::size_t found)>;
 
 /// The pictures behind files and folders, in the order given. A folder is walked with all its subfolders,
 /// hidden ones too, in the order in which the system lists them, links followed, each folder once. Regular
 /// files only. O(entries).
-PictureList ExpandPictures(std::span<const std::string> paths);
+PictureList ExpandPictures(std::span<const std::string> paths, const WalkProgress& progress = {});
 
 }  // namespace quill::tools

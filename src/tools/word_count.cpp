@@ -1,6 +1,8 @@
 #include "tools/word_count.h"
 
 #include <array>
+#include <bit>
+#include <cstring>
 
 #include "content/element_lookup.h"
 #include "tools/table_cells.h"
@@ -38,6 +40,74 @@ constexpr std::array<ByteClass, 256> kClasses = [] {
   for (unsigned byte = 0; byte < classes.size(); ++byte) classes[byte] = Classify(byte);
   return classes;
 }();
+
+// The first of eight bytes in memory is the lowest of the word.
+static_assert(std::endian::native == std::endian::little);
+constexpr std::uint64_t kHighBits = 0x8080808080808080;
+constexpr std::uint64_t EachByte(std::uint64_t byte) {
+  return byte * 0x0101010101010101;
+}
+
+/// The high bit of each byte that is white space, for eight bytes of ASCII.
+std::uint64_t SpacesIn(std::uint64_t ascii) {
+  const std::uint64_t blank = ~((ascii ^ EachByte(' ')) + EachByte(0x7F));
+  const std::uint64_t tabOrMore = ascii + EachByte(0x80 - '\t');
+  const std::uint64_t moreThanReturn = ascii + EachByte(0x80 - '\r' - 1);
+  return (blank | (tabOrMore & ~moreThanReturn)) & kHighBits;
+}
+
+/// How many of the eight high bits are set.
+std::uint64_t CountHighBits(std::uint64_t bits) {
+  return (bits >> 7) * EachByte(1) >> 56;
+}
+
+/// Counts through a text: eight bytes of ASCII at a time, byte by byte where there is anything else.
+struct Tally {
+  std::uint64_t sums = 0;       ///< the three counters
+  std::uint64_t words = 0;      ///< ended non-Asian runs
+  std::uint64_t isRunOpen = 0;  ///< 1: the last character belongs to such a run
+
+  void Add(std::string_view block) {
+    std::size_t at = 0;
+    for (; at + sizeof(std::uint64_t) <= block.size(); at += sizeof(std::uint64_t)) {
+      std::uint64_t bytes;
+      std::memcpy(&bytes, block.data() + at, sizeof bytes);
+      if ((bytes & kHighBits) == 0) {
+        AddAscii(bytes);
+      } else {
+        AddBytes(block.substr(at, sizeof bytes));
+      }
+    }
+    AddBytes(block.substr(at));
+  }
+
+  void AddAscii(std::uint64_t bytes) {
+    const std::uint64_t spaces = SpacesIn(bytes);
+    const std::uint64_t others = spaces ^ kHighBits;
+    const std::uint64_t behindOthers = others << 8 | isRunOpen << 7;
+    words += CountHighBits(spaces & behindOthers);
+    isRunOpen = others >> 63;
+    sums += 8 * kUnit + CountHighBits(spaces) * kSpace;
+  }
+
+  void AddBytes(std::string_view bytes) {
+    for (const char c : bytes) {
+      const ByteClass& byte = kClasses[static_cast<unsigned char>(c)];
+      sums += byte.adds;
+      words += isRunOpen & (byte.adds >> kFieldBits);
+      isRunOpen = byte.opensRun | (byte.keepsRun & isRunOpen);
+    }
+  }
+
+  void MoveTo(WordCounts& counts) {
+    const auto units = static_cast<std::int64_t>(sums & kFieldMask);
+    const auto spaces = static_cast<std::int64_t>(sums >> kFieldBits & kFieldMask);
+    counts.charactersWithSpaces += units;
+    counts.charactersNoSpaces += units - spaces;
+    counts.asianWords += static_cast<std::int64_t>(sums >> 2 * kFieldBits);
+    sums = 0;
+  }
+};
 
 /// Looked through: text inside belongs to the block around.
 bool IsInline(pugi::xml_node element) {
@@ -81,25 +151,14 @@ class Counter {
 }  // namespace
 
 void StatisticsWords(std::string_view text, WordCounts& counts) {
-  std::uint64_t isRunOpen = 0;
-  std::uint64_t words = 0;
+  Tally tally;
   while (!text.empty()) {
     const std::string_view block = text.substr(0, kBlock);
     text.remove_prefix(block.size());
-    std::uint64_t sums = 0;
-    for (const char c : block) {
-      const ByteClass& byte = kClasses[static_cast<unsigned char>(c)];
-      sums += byte.adds;
-      words += isRunOpen & (byte.adds >> kFieldBits);
-      isRunOpen = byte.opensRun | (byte.keepsRun & isRunOpen);
-    }
-    const auto units = static_cast<std::int64_t>(sums & kFieldMask);
-    const auto spaces = static_cast<std::int64_t>(sums >> kFieldBits & kFieldMask);
-    counts.charactersWithSpaces += units;
-    counts.charactersNoSpaces += units - spaces;
-    counts.asianWords += static_cast<std::int64_t>(sums >> 2 * kFieldBits);
+    tally.Add(block);
+    tally.MoveTo(counts);
   }
-  counts.nonAsianWords += static_cast<std::int64_t>(words + isRunOpen);
+  counts.nonAsianWords += static_cast<std::int64_t>(tally.words + tally.isRunOpen);
 }
 
 WordCounts CountWords(pugi::xml_node root) {

@@ -2,7 +2,9 @@
 
 #include <QApplication>
 
+#include "platform/curl/curl_http.h"
 #include "platform/posix/local_channel.h"
+#include "platform/posix/posix_process_runner.h"
 #include "shell/language.h"
 #include "shell/onenote_main.h"
 #include "shell/recent_actions.h"
@@ -14,6 +16,15 @@
 
 namespace quill::ui {
 namespace {
+
+shell::Engines OpenEngines() {
+  shell::Engines engines;
+  engines.processes = std::make_shared<platform::PosixProcessRunner>();
+  engines.http = std::make_shared<platform::CurlHttp>();
+  const std::vector<std::string> languages = platform::PreferredLanguages();
+  if (!languages.empty()) engines.preferredLanguage = languages.front();
+  return engines;
+}
 
 std::string_view LanguageFor(const std::string& setting) {
   return shell::ChooseLanguage(setting, platform::PreferredLanguages());
@@ -28,6 +39,7 @@ Program::Program(const std::filesystem::path& root)
       m_rulers(std::make_shared<RulerMemory>()),
       m_language(m_startGlobals.settings.Language),
       m_practice(m_folders.SupportFolder / "Practice", m_strings),
+      m_equations(m_strings),
       m_backends(m_practice, [this] { return m_application->TargetWindowPattern(); }),
       m_appearance([this](bool dark) { m_tray.UseDarkIcon(dark); }),
       m_hotKeys([this](const shell::CommandRow& row) { PressHotKey(row); }),
@@ -47,7 +59,7 @@ Program::Program(const std::filesystem::path& root)
   m_application = std::make_unique<shell::Application>(shell::Application::Parts{
       std::move(m_startGlobals), m_strings, m_clock, m_ui, [this] { return m_backends.Choose(); },
       *m_workspace, m_backends.idleSource(), m_log,
-      [this](const shell::Settings& read) { OnGui([this, read] { UseSettings(read); }); }});
+      [this](const shell::Settings& read) { OnGui([this, read] { UseSettings(read); }); }, OpenEngines()});
   AddHosts();
   AddWindows();
   AddToolWindows();

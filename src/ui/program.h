@@ -8,6 +8,7 @@
 #include "shell/application.h"
 #include "ui/appearance.h"
 #include "ui/backends.h"
+#include "ui/equation_host.h"
 #include "ui/hot_key_center.h"
 #include "ui/kit/file_panels.h"
 #include "ui/kit/qt_user_interface.h"
@@ -91,6 +92,7 @@ class Program {
   std::shared_ptr<RulerMemory> m_rulers;
   std::string m_language;  ///< the setting in use
   PracticeHost m_practice;
+  EquationHost m_equations;
   Backends m_backends;
   std::unique_ptr<platform::Workspace> m_workspace = platform::OpenWorkspace();
   std::unique_ptr<platform::UrlEvents> m_links = platform::OpenUrlEvents();

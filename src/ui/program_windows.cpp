@@ -1,6 +1,7 @@
 #include <QApplication>
 
 #include "shell/window_requests.h"
+#include "ui/content_windows.h"
 #include "ui/program.h"
 #include "ui/windows/image/win_image.h"
 #include "ui/windows/win_about.h"
@@ -45,6 +46,8 @@ void Program::AddWindows() {
 }
 
 void Program::AddToolWindows() {
+  AddContentWindows(m_windows, m_strings, m_imagePanels);
+  AddEngineWindows(m_windows, m_strings, m_equations, [this](const std::string& text) { m_ui.Tell(text); });
   m_windows.AddWindow<shell::TextRequest>(
       [this](const shell::TextRequest& request) { return new MWinTest(m_strings, request); });
   m_windows.AddWindow<shell::AboutRequest>([this](const auto&) { return OpenAbout(); });

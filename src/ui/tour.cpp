@@ -1,7 +1,10 @@
 #include "ui/tour.h"
 
 #include <QApplication>
+#include <QDialog>
+#include <QDialogButtonBox>
 #include <QMenu>
+#include <QPushButton>
 #include <QScreen>
 #include <QTimer>
 #include <cstdio>
@@ -16,51 +19,25 @@ namespace {
 
 // A menu or a page that was just shown needs a moment until the screen has it; there is no signal for that.
 constexpr int kUntilPaintedMs = 400;
-constexpr int kLongestWaitForTrayMs = 5000;
+constexpr int kLookMs = 50;
+constexpr int kLooks = 400;
+
+QDialog* OpenDialog() {
+  return qobject_cast<QDialog*>(QApplication::activeModalWidget());
+}
+
+/// The OK of the open dialog; null when there is none.
+QPushButton* OkButton() {
+  const QDialog* dialog = OpenDialog();
+  const auto* buttons = dialog != nullptr ? dialog->findChild<QDialogButtonBox*>() : nullptr;
+  return buttons != nullptr ? buttons->button(QDialogButtonBox::Ok) : nullptr;
+}
 
 }  // namespace
 
 Tour::Tour(Program& program, std::filesystem::path folder) : m_program(program), m_folder(std::move(folder)) {
   Plan();
   QTimer::singleShot(0, this, [this] { Next(); });
-}
-
-void Tour::Plan() {
-  Tell("Quill Menu: a tour with the practice notebook");
-  m_steps.push_back([this] {
-    m_program.OpenPractice();
-    if (m_program.practice().notebook() == nullptr) return Fail("the practice notebook did not open");
-    Next();
-  });
-  OpenPage("Welcome");
-  TakePicture("01-notebook");
-  Tell("1. Select some words on the page, open the tray menu, choose UPPER CASE.");
-  Select("The quick brown fox jumps over the lazy dog.");
-  ShowSelection("before");
-  TakePicture("02-selected");
-  ChooseFromMenu("MenuItemUpperCaseClick", "03-menu");
-  Expect("THE QUICK BROWN FOX JUMPS OVER THE LAZY DOG.");
-  Select("THE QUICK BROWN FOX JUMPS OVER THE LAZY DOG.");
-  ShowSelection("after");
-  TakePicture("04-upper-case");
-  Tell("2. A whole table, each word capitalised: borders and widths stay.");
-  OpenPage("Table");
-  m_steps.push_back([this] {
-    m_program.practice().notebook()->Controller().SelectBlock(
-        "table", [this](bool ok) { ok ? Next() : Fail("no table"); });
-  });
-  ChooseFromMenu("MenuItemCapitalizeEachWordClick", "");
-  TakePicture("05-table");
-  Tell("3. The date at the caret, and a tag in front of the page's title.");
-  OpenPage("Welcome");
-  m_steps.push_back([this] {
-    m_program.practice().notebook()->Controller().CaretToEnd(
-        [this](bool ok) { ok ? Next() : Fail("no caret"); });
-  });
-  ChooseFromMenu("MenuItemInsertDateClick", "");
-  ChooseFromMenu("MenuItemPageTitleTagClick", "");
-  TakePicture("06-date-and-tag");
-  Tell("That was the tour. Start ./dev run on a machine with a display to try it yourself.");
 }
 
 void Tour::Next() {
@@ -95,10 +72,32 @@ void Tour::Tell(const QString& line) {
   });
 }
 
+void Tour::OpenNotebook() {
+  m_steps.push_back([this] {
+    m_program.OpenPractice();
+    if (m_program.practice().notebook() == nullptr) return Fail("the practice notebook did not open");
+    Next();
+  });
+}
+
 void Tour::OpenPage(const QString& title) {
   m_steps.push_back([this, title] {
     m_program.practice().notebook()->Controller().OpenPage(
         title, [this, title](bool ok) { ok ? Next() : Fail("no page " + title); });
+  });
+}
+
+void Tour::SelectBlock(const QString& selector) {
+  m_steps.push_back([this, selector] {
+    m_program.practice().notebook()->Controller().SelectBlock(
+        selector, [this, selector](bool ok) { ok ? Next() : Fail("not on the page: " + selector); });
+  });
+}
+
+void Tour::CaretToEnd() {
+  m_steps.push_back([this] {
+    m_program.practice().notebook()->Controller().CaretToEnd(
+        [this](bool ok) { ok ? Next() : Fail("no caret"); });
   });
 }
 
@@ -135,19 +134,19 @@ void Tour::TakePicture(const QString& name) {
   });
 }
 
-void Tour::ChooseFromMenu(const QString& action, const QString& picture) {
-  m_steps.push_back([this, action, picture] {
-    const shell::CommandRow* row = shell::FindCommand(action.toStdString());
-    if (row == nullptr) return Fail("no action " + action);
-    const auto run = [this, row] {
-      m_program.application().Run({row, std::nullopt, true}, [this](const shell::Outcome& outcome) {
+void Tour::RunAction(const QString& action) {
+  m_program.application().Run(
+      {shell::FindCommand(action.toStdString()), std::nullopt, true}, [this](const shell::Outcome& outcome) {
         const QString problem =
             outcome.messages.empty() ? QString() : QString::fromStdString(outcome.messages.front());
         QMetaObject::invokeMethod(
             this, [this, problem] { problem.isEmpty() ? Next() : Fail(problem); }, Qt::QueuedConnection);
       });
-    };
-    if (picture.isEmpty()) return run();
+}
+
+void Tour::ChooseFromMenu(const QString& action, const QString& picture) {
+  m_steps.push_back([this, action, picture] {
+    if (picture.isEmpty()) return RunAction(action);
     QMenu& menu = m_program.tray().menu();
     menu.popup(m_program.tray().IconGeometry().center());
     for (QAction* group : menu.actions()) {
@@ -155,10 +154,36 @@ void Tour::ChooseFromMenu(const QString& action, const QString& picture) {
       menu.setActiveAction(group);
       group->menu()->setActiveAction(group->menu()->findChild<QAction*>(action));
     }
-    QTimer::singleShot(kUntilPaintedMs, this, [this, run, picture, &menu] {
+    QTimer::singleShot(kUntilPaintedMs, this, [this, action, picture, &menu] {
       Picture(picture);
       menu.close();
-      run();
+      RunAction(action);
+    });
+  });
+}
+
+void Tour::Await(int looksLeft, const QString& what, const std::function<bool()>& holds,
+                 const std::function<void()>& then) {
+  if (holds()) return then();
+  if (looksLeft == 0) return Fail("waited in vain: " + what);
+  QTimer::singleShot(kLookMs, this, [=, this] { Await(looksLeft - 1, what, holds, then); });
+}
+
+void Tour::AnswerDialog(const QString& action, const QString& picture, Fill fill) {
+  m_steps.push_back([this, action, picture, fill = std::move(fill)] {
+    RunAction(action);
+    const auto isOpen = [] { return OpenDialog() != nullptr; };
+    Await(kLooks, "a dialog", isOpen, [this, picture, fill] {
+      const std::function<bool()> isThere = fill(*OpenDialog());
+      const auto isReady = [isThere] {
+        return OkButton() != nullptr && OkButton()->isEnabled() && isThere();
+      };
+      Await(kLooks, "a dialog that can be answered", isReady, [this, picture] {
+        QTimer::singleShot(kUntilPaintedMs, this, [this, picture] {
+          Picture(picture);
+          if (QPushButton* ok = OkButton()) ok->click();
+        });
+      });
     });
   });
 }

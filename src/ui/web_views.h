@@ -9,6 +9,7 @@
 #include "base/result.h"
 #include "platform/practice/practice_target.h"
 #include "shell/string_table.h"
+#include "ui/equation_view.h"
 
 class QWidget;
 
@@ -87,6 +88,9 @@ class WebViews {
   /// Fails when the folder cannot be used.
   virtual Result<std::unique_ptr<PracticeNotebook>> CreatePracticeNotebook(
       const PracticeOptions& options) = 0;
+
+  /// To be made once and kept (`EquationView`). Loads no page yet; the folder of MathJax is not looked at.
+  virtual std::unique_ptr<EquationView> CreateEquationView(const EquationOptions& options) = 0;
 };
 
 }  // namespace quill::ui

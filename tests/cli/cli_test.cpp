@@ -1,55 +1,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
-#include "base/atomic_file.h"
+#include "quill_program.h"
 
 namespace quill::cli {
 namespace {
-
-namespace fs = std::filesystem;
-
-struct Output {
-  int status;
-  std::string out;
-  std::string err;
-};
-
-class Quill : public testing::Test {
- protected:
-  void SetUp() override {
-    std::string name = (fs::temp_directory_path() / "quill-cli-XXXXXX").string();
-    m_folder = ::mkdtemp(name.data());
-    fs::create_directories(m_folder / "run");
-    fs::permissions(m_folder / "run", fs::perms::owner_all);
-  }
-  void TearDown() override { fs::remove_all(m_folder); }
-
-  /// Runs the program with shell words, this input, a root and a runtime folder of the test's own.
-  Output Run(const std::string& words, const std::string& input = "") {
-    std::ofstream(m_folder / "in", std::ios::binary) << input;
-    const std::string folder = m_folder.string();
-    const std::string command = "cd '" + folder + "' && XDG_RUNTIME_DIR='" + folder + "/run' QUILL_ROOT='" +
-                                folder + "/root' TZ=UTC LC_ALL=C.UTF-8 '" QUILL_PROGRAM "' " + words +
-                                " <in >out 2>err";
-    const int status = std::system(command.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, File("out"), File("err")};
-  }
-
-  std::string File(const std::string& name) { return ReadFile(m_folder / name).ValueOr("missing"); }
-  void Write(const std::string& name, const std::string& bytes) {
-    std::ofstream(m_folder / name, std::ios::binary) << bytes;
-  }
-
-  fs::path m_folder;
-};
 
 // The main job from a pipe: fragment in, fragment out.
 TEST_F(Quill, RunsACommandOnAFragment) {
@@ -84,6 +42,52 @@ struct BadCall {
   const char* said;
 };
 
+// The content tools from a script: the flags answer their dialogs, and nothing is remembered for the next
+// time.
+TEST_F(Quill, AnswersDialogsByFlags) {
+  const std::string table = "<table><tr><td style='a:b'>1</td><td>2,5</td></tr></table>";
+  EXPECT_EQ(Run("run 15 --style TStyleHeader2 --in - --fragment", table).out,
+            "<table><tr><td style=\"background-color:#4F81BD\">1</td><td>2,5</td></tr></table>");
+  EXPECT_EQ(Run("run 17 --mode commas --in - --fragment", table).out, "1,2,5\n");
+  EXPECT_EQ(Run("run 17 --separator ';' --in - --fragment", table).out, "1;2,5\n");
+  EXPECT_EQ(Run("run 19 --file table.csv --in - --fragment", table).status, 0);
+  EXPECT_EQ(File("table.csv"), "1,\"2,5\"\n");
+  Write("text", "a\nb\nc\n");
+  const Output made = Run("run 18 --mode paragraphs --columns 2 --text text --in - --fragment", "<p>a</p>");
+  EXPECT_THAT(made.out, testing::HasSubstr("<tr><td>a</td><td>b</td></tr><tr><td>c</td><td></td></tr>"));
+  const Output clamped =
+      Run("run 18 --mode paragraphs --columns 2 --rows 9999999 --text text --in - --fragment", "<p>a</p>");
+  EXPECT_GT(clamped.out.size(), 8'000'000u);
+  EXPECT_THAT(clamped.err, testing::HasSubstr("1000000"));
+  EXPECT_EQ(Run("settings get TableStyle_SelectIndex").out, "1\n");
+}
+
+// Figures as lines to read and as an object to compute with.
+TEST_F(Quill, PrintsFigures) {
+  const std::string page = "<p>Hello, world</p><p><img src='a'></p>";
+  EXPECT_THAT(Run("run 10 --in - --fragment", page).out,
+              testing::HasSubstr("Characters (with spaces)\t12\n"));
+  const auto json = nlohmann::json::parse(Run("run 10 --json --in - --fragment", page).out);
+  EXPECT_EQ(json["data"]["Words"], 2);
+  EXPECT_EQ(json["data"]["Images"], 1);
+  EXPECT_TRUE(json["pasted"].is_null());
+}
+
+// Pictures from files and folders, in the order given; the text of a picture, step by step.
+TEST_F(Quill, MakesImageTablesAndTidiesImageText) {
+  fs::create_directories(m_folder / "pictures" / "inner");
+  Write("pictures/inner/b.png", "B");
+  Write("a.jpg", "A");
+  const Output table = Run("image-table --names a.jpg pictures gone.png");
+  EXPECT_THAT(table.out,
+              testing::HasSubstr("<tr><td><img src=\"data:image/jpg;base64,QQ==\"></td><td>a.jpg</td></tr>"
+                                 "<tr><td><img src=\"data:image/png;base64,Qg==\"></td>"));
+  EXPECT_THAT(table.err, testing::HasSubstr("gone.png: not found"));
+  EXPECT_EQ(table.status, 1);
+  EXPECT_EQ(Run("image-text clean", "中 文 text").out, "中文 text");
+  EXPECT_EQ(Run("image-text --html paragraphs", "<img alt=\"one&#13;&#10;two.\">").out, "one two.");
+}
+
 // A wrong call or wrong input ends with a reason that names the file or the word, and writes nothing.
 TEST_F(Quill, RefusesBadInputWithAReason) {
   Write("nul", std::string("a\0b", 3));
@@ -104,7 +108,21 @@ TEST_F(Quill, RefusesBadInputWithAReason) {
       {"run 4711 --in -", "", 2, "4711"},
       {"run uppercas --in -", "", 2, "MenuItemUpperCaseClick"},
       {"run 6 --in - --fragment", "<p>a</p>", 2, "--file"},
-      {"run 10 --in - --fragment --out result", "<p>a</p>", 1, "not built yet"},
+      {"run 11 --in - --fragment --out result", "<p>a</p>", 1, "not built yet"},
+      {"run 15 --in - --fragment", "<table/>", 2, "--style"},
+      {"run 15 --style 35 --in - --fragment --out result", "<table/>", 2, "\"35\""},
+      {"run 16 --in - --fragment", "<p>a</p>", 1, "There is no table"},
+      {"run 17 --in - --fragment --out result", "<table/>", 2, "--mode two-paragraphs|"},
+      {"run 17 --mode other --in - --fragment", "<table/>", 2, "--separator"},
+      {"run 17 --mode tabs --separator x --in - --fragment", "<table/>", 2, "--separator"},
+      {"run 17 --mode rows --in - --fragment", "<table/>", 2, "\"rows\""},
+      {"run 18 --mode tabs --in - --fragment", "<p/>", 2, "--text FILE"},
+      {"run 18 --mode paragraphs --text missing --in - --fragment", "<p/>", 2, "missing"},
+      {"run 3 --style 2 --in - --fragment --out result", "<p>a</p>", 2, "--style does not go with"},
+      {"run 15 --style 2", "", 2, "--in FILE"},
+      {"image-table missing.png --out result", "", 1, "missing.png: not found"},
+      {"image-table", "", 2, "paths"},
+      {"image-text scrub", "", 2, "\"scrub\""},
       {"run 3", "", 1, "not running"},
       {"trigger uppercas", "", 2, "MenuItemUpperCaseClick"},
       {"insert nonsense", "", 2, "nonsense"},

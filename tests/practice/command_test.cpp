@@ -4,6 +4,7 @@
 
 #include "platform/recording/recording.h"
 #include "practice/practice_world.h"
+#include "shell/content_requests.h"
 #include "shell/globals.h"
 #include "shell/onenote_main.h"
 #include "shell/services.h"
@@ -47,6 +48,21 @@ TEST_F(PracticeCommand, UpperCaseChangesTheSelectionOnly) {
   EXPECT_THAT(world.PageHtml(), HasSubstr("color:#b26a00\">BROWN</span> FOX"));
   EXPECT_EQ(world.VisibleText().size(), before.size());
   EXPECT_EQ(world.pasteboard.Read(Flavour::Text).ValueOr(""), "the user's own");
+  EXPECT_THAT(screen.messages(), testing::IsEmpty());
+}
+
+// The table tools on the practice page: the text is its cells', a new style changes no letter.
+TEST_F(PracticeCommand, TableToolsReadAndRestyleTheTable) {
+  ASSERT_TRUE(world.OpenPage("Table") && world.SelectBlock("table"));
+  const std::string before = world.VisibleText();
+  screen.AnswerDialog<shell::Table2TextRequest>(shell::TableTextChoice{tools::TableTextMode::Commas, ""});
+  Run([](shell::NSOneNoteMain& bridge) { bridge.Run(17); });
+  EXPECT_THAT(world.pasteboard.Read(Flavour::Text).ValueOr(""),
+              testing::StartsWith("  Fruit  ,  Colour  ,  Price  \n  Apple  ,  red  ,  1.20  \n"));
+  screen.AnswerDialog<shell::TableStyleRequest>(15);
+  Run([](shell::NSOneNoteMain& bridge) { bridge.Run(15); });
+  EXPECT_EQ(world.VisibleText(), before);
+  EXPECT_THAT(world.PageHtml(), HasSubstr("background-color:#4F81BD"));
   EXPECT_THAT(screen.messages(), testing::IsEmpty());
 }
 

@@ -80,6 +80,16 @@ TEST(Paste, AnUnchangedCopyLeavesThePageAsItWas) {
   }
 }
 
+// Highlighted code ends its lines by a break and a line feed; taken for two, every line would be followed by
+// an empty one.
+TEST(Paste, CodeKeepsItsLines) {
+  PracticeWorld world;
+  ASSERT_TRUE(world.OpenPage("Welcome") && world.CaretToEnd());
+  PasteFragment(world,
+                "<table><tr><td><pre>int a;<br>\n<br>\n&nbsp;&nbsp;<b>b</b>;<br>\n</pre></td></tr></table>");
+  EXPECT_THAT(world.PageHtml(), HasSubstr("<pre>int a;<br><br>&nbsp;&nbsp;<b>b</b>;<br></pre>"));
+}
+
 // Text that a selection keeps (caret in a line, in an item, in a cell) stays beside what is pasted.
 TEST(Paste, GoesToTheCaret) {
   PracticeWorld world;

@@ -31,7 +31,9 @@ TEST(Globals, WriteNothingBeforeTheFirstSave) {
   EXPECT_EQ(keys,
             "CalendarStartWithMonday DateFormat TimeFormat JournalDayFormat Syntax_Lang Syntax_Theme "
             "Syntax_Font Syntax_FontSize Syntax_LineNumbers Syntax_FrameUp Syntax_Shaping Syntax_Bold "
-            "TableStyle_SelectIndex Phonetics_Language OnlineOneNoteAccessToken OnlineOneNoteRefreshToken "
+            "HighlighterPath "
+            "TableStyle_SelectIndex Phonetics_Language Phonetics_Synthesizer Phonetics_Transliteration "
+            "MathJaxAddress OnlineOneNoteAccessToken OnlineOneNoteRefreshToken "
             "ClientUrlAccountId OnlineOneNoteUserId OnlineOneNoteUserPrincipalName MonitorPageTotal "
             "AlertOnDelPageNum OneAppBackup_Enable Perform_Timeout TargetWindowPattern Language HotKeys ");
 }

@@ -92,6 +92,20 @@ TEST(Calendar, ShiftsMonthsFromTheFirstDay) {
   EXPECT_EQ(ShiftMonth(At(2026, 11, 15), 2, {"th_TH", "UTC"}), (Month{2570, 1}));
 }
 
+// The day is picked in a Gregorian calendar; the table is the user's own, also in years that clocks do not
+// reach.
+TEST(Calendar, FindsTheMonthOfAPickedDay) {
+  using Month = CalendarMonth;
+  using std::chrono::year;
+  EXPECT_EQ(MonthOfDay(year(2026) / 1 / 31, kEnglish), (Month{2026, 1}));
+  EXPECT_EQ(MonthOfDay(year(1300) / 2 / 1, kEnglish), (Month{1300, 2}));
+  EXPECT_EQ(MonthOfDay(year(9999) / 12 / 31, {"de_DE", "Pacific/Kiritimati"}), (Month{9999, 12}));
+  EXPECT_EQ(MonthOfDay(year(2026) / 11 / 15, {"th_TH", "Pacific/Kiritimati"}), (Month{2569, 11}));
+  // The Persian year 1405 begins on 21 March 2026.
+  EXPECT_EQ(MonthOfDay(year(2026) / 3 / 20, {"fa_IR", "America/Los_Angeles"}), (Month{1404, 12}));
+  EXPECT_EQ(MonthOfDay(year(2026) / 3 / 21, {"fa_IR", "America/Los_Angeles"}), (Month{1405, 1}));
+}
+
 // A chosen day begins at its first moment, which a change of clocks can move away from midnight.
 TEST(Calendar, FindsTheStartOfADay) {
   using std::chrono::system_clock;

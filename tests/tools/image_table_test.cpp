@@ -16,6 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
 using ::testing::UnorderedElementsAre;
 
@@ -115,6 +116,27 @@ TEST_F(ImageTable, KeepsTheOrderOfTheListing) {
   }
   const std::string folder = m_folder.path().string();
   EXPECT_EQ(ExpandPictures(std::span(&folder, 1)).paths, expected);
+}
+
+// Whoever has chosen the whole disk by mistake can end the walk, and keeps what it had found.
+TEST_F(ImageTable, StopsAWalkWhenItIsTold) {
+  for (int i = 0; i < 20; ++i) Write("many/" + std::to_string(i) + ".png", "x");
+  const std::string paths[] = {PathOf("many"), Write("last.png", "x")};
+  std::size_t calls = 0;
+  const PictureList whole = ExpandPictures(paths, [&](std::size_t) { return ++calls > 0; });
+  EXPECT_FALSE(whole.isStopped);
+  EXPECT_EQ(whole.paths.size(), 21u);
+  EXPECT_GE(calls, 22u) << "each entry is a chance to stop";
+
+  const PictureList part = ExpandPictures(paths, [](std::size_t found) { return found < 5; });
+  EXPECT_TRUE(part.isStopped);
+  EXPECT_THAT(part.paths, ElementsAreArray(std::span(whole.paths).first(5)));
+
+  calls = 0;
+  const PictureList none = ExpandPictures(paths, [&](std::size_t) { return ++calls < 10; });
+  EXPECT_TRUE(none.isStopped);
+  EXPECT_EQ(calls, 10u) << "not asked again, also while a large folder is being listed";
+  EXPECT_THAT(none.paths, IsEmpty());
 }
 
 // A folder that may not be opened is named instead of passing for an empty one.

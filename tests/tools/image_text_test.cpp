@@ -6,7 +6,6 @@
 #include <random>
 
 #include "tools/insert_oracles.h"
-#include "tools/shown_text.h"
 
 namespace quill::tools {
 namespace {
@@ -58,7 +57,6 @@ TEST(ImageText, LongTextsAreWorkedOffInOneGo) {
     ClearExtraSpaces(text);
     MergeAsParagraph(text);
     ImageAltText(text);
-    CarryEditOver(text, ShownText(text) + "x");
   }
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
 }
@@ -70,22 +68,6 @@ TEST(ImageText, TakesTheAltTextOfTheFirstPicture) {
             "a\r\nb < 中");
   EXPECT_EQ(ImageAltText("<img src=\"a.png\"><img alt=\"c\">"), "");
   EXPECT_EQ(ImageAltText("<p alt=\"c\">"), "");
-}
-
-// A text view forgets carriage returns, on which merging depends; edits must not cost them.
-TEST(ShownText, EditsKeepTheLineEndsOfTheRest) {
-  EXPECT_EQ(ShownText("a\r\nb\rc\xC2\xA0\n"), "a\nb\nc \n");
-  EXPECT_EQ(CarryEditOver("one\r\ntwo\rthree\n\xC2\xA0", "one\ntwo\nthree!\n "),
-            "one\r\ntwo\rthree!\n\xC2\xA0");
-  EXPECT_EQ(CarryEditOver("one\r\ntwo", "one\nand\ntwo"), "one\r\nand\r\ntwo");
-  EXPECT_EQ(CarryEditOver("one\ntwo", "one\nand\ntwo"), "one\nand\ntwo");
-  std::mt19937 random(5);
-  for (int i = 0; i < 20'000; ++i) {
-    const std::string text = RandomText(random);
-    const std::string edited = ShownText(RandomText(random));
-    ASSERT_EQ(CarryEditOver(text, ShownText(text)), text) << ::testing::PrintToString(text);
-    ASSERT_EQ(ShownText(CarryEditOver(text, edited)), edited) << ::testing::PrintToString(text);
-  }
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ TEST_F(ProgramTest, DoesWhatTheCommandLineAsksOnTheLiveSelection) {
   EXPECT_THAT(said, HasSubstr("target: x11"));
   EXPECT_THAT(said, Not(HasSubstr("COPIED"))) << "page content in the explanation";
   EXPECT_THAT(window->WaitForLine("pasted "), HasSubstr("<p>COPIED</p>"));
-  EXPECT_EQ(Quill("trigger menuitemwordcountclick"), 1);
+  EXPECT_EQ(Quill("trigger packagenotebooks"), 1);
   EXPECT_THAT(said, HasSubstr("not built yet"));
 }
 

@@ -36,7 +36,11 @@
     if (node.nodeType === Node.TEXT_NODE) {
       if (isBetweenBlocks(node)) return [];
       const pre = node.parentElement && node.parentElement.closest('pre');
-      return [document.createTextNode(pre ? node.data : node.data.replace(/[ \t\r\n]+/g, ' '))];
+      if (!pre) return [document.createTextNode(node.data.replace(/[ \t\r\n]+/g, ' '))];
+      // A line break and the line feed behind it are one end of a line.
+      const behindBreak = node.previousSibling && node.previousSibling.nodeName === 'BR';
+      const text = behindBreak ? node.data.replace(/^\r?\n/, '') : node.data;
+      return text === '' ? [] : [document.createTextNode(text)];
     }
     if (node.nodeType !== Node.ELEMENT_NODE || DROPPED.has(node.localName)) return [];
     const children = [...node.childNodes].flatMap((child) => clean(child, pictures));

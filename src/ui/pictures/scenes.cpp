@@ -17,8 +17,9 @@
 #include "ui/kit/key_text.h"
 #include "ui/kit/qt_text.h"
 #include "ui/kit/win_input.h"
-#include "ui/kit/window_place.h"
+#include "ui/pictures/content_scenes.h"
 #include "ui/pictures/sample_data.h"
+#include "ui/pictures/scene_parts.h"
 #include "ui/windows/image/picture_view.h"
 #include "ui/windows/image/win_image.h"
 #include "ui/windows/options/action_picker.h"
@@ -34,16 +35,6 @@ namespace quill::ui {
 namespace {
 
 using Page = MWinOptions::Page;
-
-/// The picture is this one window.
-Look Just(QWidget* window) {
-  return [window = QPointer(window)] { return window ? QList<QWidget*>{window} : QList<QWidget*>{}; };
-}
-
-Look InFront(QWidget* window) {
-  BringToFront(*window);
-  return Just(window);
-}
 
 template <class Child>
 QWidget* WindowWith() {
@@ -223,29 +214,32 @@ std::vector<Scene> Scenes() {
   const auto ruler = [](Qt::Orientation orientation, RulerUnit unit) {
     return [=](Studio& studio) { return OpenRuler(studio, orientation, unit); };
   };
-  return {{QStringLiteral("menu"), [](Studio& studio) { return OpenMenu(studio, "MenuItemUpperCaseClick"); }},
-          {QStringLiteral("menu-window"), OpenMenuWindow},
-          {QStringLiteral("palette"), palette(QStringLiteral("case"))},
-          {QStringLiteral("palette-all"), palette({})},
-          {QStringLiteral("palette-nothing"), palette(QStringLiteral("xylophone"))},
-          {QStringLiteral("options-general"), options(Page::General)},
-          {QStringLiteral("options-pages"), options(Page::Pages)},
-          {QStringLiteral("options-hot-keys"), options(Page::HotKeys)},
-          {QStringLiteral("options-account"), options(Page::Account)},
-          {QStringLiteral("key-recorder"), OpenKeyRecorder},
-          {QStringLiteral("action-picker"), OpenActionPicker},
-          {QStringLiteral("about-system"), about(0)},
-          {QStringLiteral("about-licence"), about(1)},
-          {QStringLiteral("about-notices"), about(2)},
-          {QStringLiteral("test"), OpenTest},
-          {QStringLiteral("alert"), OpenAlert},
-          {QStringLiteral("question"), OpenQuestion},
-          {QStringLiteral("input"), OpenInput},
-          {QStringLiteral("progress"), OpenProgress},
-          {QStringLiteral("image"), OpenImage},
-          {QStringLiteral("ruler-horizontal"), ruler(Qt::Horizontal, RulerUnit::Pixels)},
-          {QStringLiteral("ruler-vertical"), ruler(Qt::Vertical, RulerUnit::Centimetres)},
-          {QStringLiteral("colors"), OpenColors}};
+  std::vector<Scene> scenes = {
+      {QStringLiteral("menu"), [](Studio& studio) { return OpenMenu(studio, "MenuItemUpperCaseClick"); }},
+      {QStringLiteral("menu-window"), OpenMenuWindow},
+      {QStringLiteral("palette"), palette(QStringLiteral("case"))},
+      {QStringLiteral("palette-all"), palette({})},
+      {QStringLiteral("palette-nothing"), palette(QStringLiteral("xylophone"))},
+      {QStringLiteral("options-general"), options(Page::General)},
+      {QStringLiteral("options-pages"), options(Page::Pages)},
+      {QStringLiteral("options-hot-keys"), options(Page::HotKeys)},
+      {QStringLiteral("options-account"), options(Page::Account)},
+      {QStringLiteral("key-recorder"), OpenKeyRecorder},
+      {QStringLiteral("action-picker"), OpenActionPicker},
+      {QStringLiteral("about-system"), about(0)},
+      {QStringLiteral("about-licence"), about(1)},
+      {QStringLiteral("about-notices"), about(2)},
+      {QStringLiteral("test"), OpenTest},
+      {QStringLiteral("alert"), OpenAlert},
+      {QStringLiteral("question"), OpenQuestion},
+      {QStringLiteral("input"), OpenInput},
+      {QStringLiteral("progress"), OpenProgress},
+      {QStringLiteral("image"), OpenImage},
+      {QStringLiteral("ruler-horizontal"), ruler(Qt::Horizontal, RulerUnit::Pixels)},
+      {QStringLiteral("ruler-vertical"), ruler(Qt::Vertical, RulerUnit::Centimetres)},
+      {QStringLiteral("colors"), OpenColors}};
+  for (Scene& scene : ContentScenes()) scenes.push_back(std::move(scene));
+  return scenes;
 }
 
 }  // namespace quill::ui

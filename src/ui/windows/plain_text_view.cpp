@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QFontDatabase>
 #include <QMimeData>
+#include <QScrollBar>
 
 namespace quill::ui {
 namespace {
@@ -59,9 +60,20 @@ PlainTextView::PlainTextView(const QString& text) : m_original(text) {
   setPlainText(ViewText(text));
 }
 
+void PlainTextView::SetText(const QString& text, qsizetype shown) {
+  const int place = verticalScrollBar()->value();
+  m_original = text;
+  if (shown < text.size() && text[shown].isLowSurrogate()) --shown;
+  setPlainText(ViewText(text.left(shown)));
+  verticalScrollBar()->setValue(place);
+}
+
 QMimeData* PlainTextView::createMimeDataFromSelection() const {
-  const qsizetype begin = OriginalPosition(textCursor().selectionStart());
-  const qsizetype end = OriginalPosition(textCursor().selectionEnd());
+  const QTextCursor cursor = textCursor();
+  const bool isAll =
+      cursor.selectionStart() == 0 && cursor.selectionEnd() == document()->characterCount() - 1;
+  const qsizetype begin = OriginalPosition(cursor.selectionStart());
+  const qsizetype end = isAll ? m_original.size() : OriginalPosition(cursor.selectionEnd());
   auto* mime = new QMimeData;
   mime->setText(m_original.mid(begin, end - begin));
   return mime;

@@ -12,6 +12,10 @@ class PlainTextView : public QPlainTextEdit {
  public:
   explicit PlainTextView(const QString& text);
 
+  /// Shows another text and keeps the place that was scrolled to. Of a text that is longer than `shown` only
+  /// the beginning can be seen, but when all of that is selected, the whole text is copied.
+  void SetText(const QString& text, qsizetype shown);
+
   /// The whole text as it was given.
   const QString& original() const { return m_original; }
 

@@ -6,7 +6,7 @@
 #include <set>
 
 #include "options_world.h"
-#include "ui/windows/options/page_mnemonics.h"
+#include "ui/kit/page_mnemonics.h"
 
 namespace quill::ui {
 namespace {

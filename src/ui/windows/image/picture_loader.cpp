@@ -6,8 +6,8 @@
 #include <QImageReader>
 #include <utility>
 
-#include "ui/windows/image/background.h"
-#include "ui/windows/image/picture_format.h"
+#include "ui/kit/background.h"
+#include "ui/kit/picture_format.h"
 
 namespace quill::ui {
 namespace {

@@ -14,7 +14,7 @@
 #include "ui/windows/options/general_page.h"
 #include "ui/windows/options/hot_keys_field.h"
 #include "ui/windows/options/hot_keys_page.h"
-#include "ui/windows/options/page_mnemonics.h"
+#include "ui/kit/page_mnemonics.h"
 #include "ui/windows/options/pages_page.h"
 
 namespace quill::ui {

@@ -1,0 +1,155 @@
+#include "platform/posix/child_start.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+
+namespace quill::platform {
+namespace {
+
+constexpr int kFirstPrivate = 3;  ///< below it are the three streams of a program
+
+/// Both ends of a pipe, closed by exec, never one of the numbers 0 to 2.
+struct Pipe {
+  FileHandle reading;
+  FileHandle writing;
+};
+
+/// The same file under a number that the child's streams do not need.
+FileHandle AwayFromStreams(FileHandle file) {
+  if (!file.isOpen()) return file;
+  return FileHandle(::fcntl(file.get(), F_DUPFD_CLOEXEC, kFirstPrivate));
+}
+
+Result<Pipe, int> MakePipe() {
+  int ends[2];
+  if (::pipe(ends) != 0) return Failure{errno};
+  Pipe made{AwayFromStreams(FileHandle(ends[0])), AwayFromStreams(FileHandle(ends[1]))};
+  if (!made.reading.isOpen() || !made.writing.isOpen()) return Failure{errno};
+  return made;
+}
+
+/// A file without a name that holds the input: nobody has to feed the child, and it may stop reading.
+FileHandle InputFile(const std::optional<std::string>& input) {
+  if (!input) return AwayFromStreams(FileHandle(::open("/dev/null", O_RDONLY | O_CLOEXEC)));
+  std::FILE* file = std::tmpfile();
+  if (file == nullptr) return {};
+  const bool isWritten = std::fwrite(input->data(), 1, input->size(), file) == input->size() &&
+                         std::fflush(file) == 0 && std::fseek(file, 0, SEEK_SET) == 0;
+  FileHandle own(isWritten ? ::fcntl(fileno(file), F_DUPFD_CLOEXEC, kFirstPrivate) : -1);
+  const int error = errno;
+  static_cast<void>(std::fclose(file));
+  errno = error;
+  return own;
+}
+
+/// Everything that the child needs, laid out before the fork: afterwards nothing may be allocated.
+struct Plan {
+  char* const* arguments;
+  const char* folder;  ///< null: stay
+  int streams[3];
+  int report;
+};
+
+/// Files that other parts of the process opened without asking for it to be closed on exec.
+void CloseTheRestOnExec() {
+#ifdef CLOSE_RANGE_CLOEXEC
+  if (::close_range(kFirstPrivate, ~0U, CLOSE_RANGE_CLOEXEC) == 0) return;
+#endif
+  const long limit = std::min(::sysconf(_SC_OPEN_MAX), 65'536L);
+  for (int fd = kFirstPrivate; fd < limit; ++fd) {
+    const int flags = ::fcntl(fd, F_GETFD);
+    if (flags >= 0) ::fcntl(fd, F_SETFD, flags | FD_CLOEXEC);
+  }
+}
+
+void TakeDefaultSignals() {
+  struct sigaction standard {};
+  standard.sa_handler = SIG_DFL;
+  for (int number = 1; number < NSIG; ++number) ::sigaction(number, &standard, nullptr);
+  sigset_t none;
+  sigemptyset(&none);
+  ::sigprocmask(SIG_SETMASK, &none, nullptr);
+}
+
+/// Becomes the program; what fails is told through the report pipe, which a successful exec closes. Only
+/// calls that are safe between fork and exec.
+[[noreturn]] void Become(const Plan& plan) {
+  ::setpgid(0, 0);
+  TakeDefaultSignals();
+  CloseTheRestOnExec();
+  bool isReady = plan.folder == nullptr || ::chdir(plan.folder) == 0;
+  for (int stream = 0; stream < 3; ++stream) isReady = isReady && ::dup2(plan.streams[stream], stream) >= 0;
+  if (isReady) ::execvp(plan.arguments[0], plan.arguments);
+  // A folder that is missing must not look like a program that is missing.
+  const int error = isReady || errno != ENOENT ? errno : ENOTDIR;
+  const ssize_t written = ::write(plan.report, &error, sizeof error);
+  ::_exit(written == sizeof error ? 127 : 126);
+}
+
+/// The error that a child tells before it becomes the program; 0 when it became it.
+int ReadReport(int report) {
+  int error = 0;
+  while (::read(report, &error, sizeof error) < 0 && errno == EINTR) {
+  }
+  return error;
+}
+
+/// Starts the child. All signals are held back meanwhile, so that no handler of ours runs in it.
+pid_t Fork(const Plan& plan) {
+  sigset_t all;
+  sigset_t before;
+  sigfillset(&all);
+  ::pthread_sigmask(SIG_SETMASK, &all, &before);
+  const pid_t pid = ::fork();
+  if (pid == 0) Become(plan);
+  const int error = errno;
+  ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+  errno = error;
+  return pid;
+}
+
+void Reap(pid_t pid) {
+  while (::waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
+  }
+}
+
+}  // namespace
+
+Result<Child, int> StartChild(const ProcessRequest& request) {
+  if (request.command.empty() || request.command.front().empty()) return Failure{ENOENT};
+  std::vector<char*> arguments;
+  for (const std::string& word : request.command) arguments.push_back(const_cast<char*>(word.c_str()));
+  arguments.push_back(nullptr);
+
+  FileHandle input = InputFile(request.input);
+  if (!input.isOpen()) return Failure{errno};
+  auto output = MakePipe();
+  if (!output) return Failure{output.error()};
+  auto errors = MakePipe();
+  if (!errors) return Failure{errors.error()};
+  auto report = MakePipe();
+  if (!report) return Failure{report.error()};
+
+  const Plan plan{arguments.data(),
+                  request.folder.empty() ? nullptr : request.folder.c_str(),
+                  {input.get(), output->writing.get(), errors->writing.get()},
+                  report->writing.get()};
+  const pid_t pid = Fork(plan);
+  if (pid < 0) return Failure{errno};
+  ::setpgid(pid, pid);  // here too: whoever comes first
+  report->writing.Close();
+  if (const int error = ReadReport(report->reading.get()); error != 0) {
+    Reap(pid);
+    return Failure{error};
+  }
+  for (const FileHandle* end : {&output->reading, &errors->reading}) ::fcntl(end->get(), F_SETFL, O_NONBLOCK);
+  return Child{pid, std::move(output->reading), std::move(errors->reading)};
+}
+
+}  // namespace quill::platform

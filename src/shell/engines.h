@@ -1,0 +1,21 @@
+#pragma once
+#include <memory>
+#include <mutex>
+#include <string>
+
+#include "platform/http.h"
+#include "platform/process_runner.h"
+
+namespace quill::shell {
+
+/// The ways out to other programs and services. Shared, because a search that a window has given up ends on a
+/// thread of its own a little later. Null where there is none: nothing is found then.
+struct Engines {
+  std::shared_ptr<platform::ProcessRunner> processes;
+  std::shared_ptr<platform::Http> http;
+  std::shared_ptr<std::mutex> highlighting =
+      std::make_shared<std::mutex>();  ///< held by a run of the highlighter
+  std::string preferredLanguage;       ///< the first of the system's, such as "zh-Hans-CN"
+};
+
+}  // namespace quill::shell

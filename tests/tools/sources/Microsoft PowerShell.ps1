@@ -1,0 +1,6 @@
+# lists large files
+param([int]$Limit = 100)
+$files = Get-ChildItem -Path "C:\Data"
+foreach ($file in $files) {
+    if ($file.Length -gt $Limit) { Write-Host $file.Name }
+}

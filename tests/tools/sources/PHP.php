@@ -1,0 +1,8 @@
+<?php
+// greets
+function greet($name) {
+    $text = "Hello " . $name;
+    echo strtoupper($text), 42;
+    return $this->done;
+}
+?>
