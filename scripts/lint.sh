@@ -17,6 +17,8 @@ python3 scripts/check_strings.py || failed=1
 if [ "${1:-}" != fast ]; then
   echo "lint: clang-tidy"
   # The compile commands are g++'s with a precompiled header that clang cannot read.
-  python3 scripts/tidy.py build/debug/compile_commands.json || failed=1
+  build=build/debug
+  [ build/check/build.ninja -nt $build/build.ninja ] && build=build/check
+  python3 scripts/tidy.py $build/compile_commands.json || failed=1
 fi
 exit $failed

@@ -49,12 +49,17 @@ ensure_mathjax() {
     return
   fi
   echo "dev: installing MathJax" >&2
-  mkdir -p "$to"
-  cp "$from/package.json" "$from/package-lock.json" "$to/"
-  if (cd "$to" && npm ci --ignore-scripts --omit=dev --no-audit --no-fund >install.log 2>&1); then
-    cp "$from/package-lock.json" "$to/stamp"
+  # Into a folder beside it, so that what is there stays when the network is away.
+  local new=$to.new
+  rm -rf "$new"
+  mkdir -p "$new"
+  cp "$from/package.json" "$from/package-lock.json" "$new/"
+  if (cd "$new" && timeout 300 npm ci --ignore-scripts --omit=dev --no-audit --no-fund >install.log 2>&1); then
+    cp "$from/package-lock.json" "$new/stamp"
+    rm -rf "$to"
+    mv "$new" "$to"
   else
-    tail -n 5 "$to/install.log" >&2
+    tail -n 5 "$new/install.log" >&2
     echo "dev: MathJax could not be installed; equations will not work" >&2
   fi
 }

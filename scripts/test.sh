@@ -16,9 +16,7 @@ scripts/fuzz.sh 30
 step "sanitizers: build and tests"
 build asan-ubsan all
 ctest --preset asan-ubsan -j 2 --no-tests=error
-step "release build"
-build release quillmenu quill quillweb
 step "debug build, lint and all tests"
-build debug all
+build check all
 scripts/lint.sh
-ctest --preset debug -j 2 --no-tests=error
+ctest --preset check -j 2 --no-tests=error

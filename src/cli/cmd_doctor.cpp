@@ -16,8 +16,10 @@
 #include "platform/posix/link_handler.h"
 #include "platform/posix/local_channel.h"
 #include "platform/posix/posix_process_runner.h"
+#include "platform/posix/program_folder.h"
 #include "shell/globals.h"
 #include "shell/highlighter.h"
+#include "tools/mathjax_folder.h"
 
 namespace quill::cli {
 namespace {
@@ -113,6 +115,18 @@ Finding LookAtHighlighter(const shell::Globals& globals) {
               useless};
 }
 
+Finding LookAtMathJax(const shell::Globals& globals) {
+  const std::string& address = globals.settings.MathJaxAddress;
+  if (!address.empty()) return {"MathJax", true, address + ", as the setting MathJaxAddress says"};
+  const fs::path program = platform::ProgramFolder();
+  if (program.empty()) return {"MathJax", false, "not looked for: this system does not tell where quill is"};
+  const Result<fs::path> folder = tools::FindMathJax(program);
+  if (folder.ok()) return {"MathJax", true, folder->string()};
+  return {
+      "MathJax", false,
+      "not installed; needed for equations: `./dev build` installs it where npm is, or set MathJaxAddress"};
+}
+
 Finding LookAtLinks() {
   if (!platform::UsesDesktopEntries()) return {"qvar:// links", true, "opened by the application's bundle"};
   const std::string entry = platform::DesktopEntryForScheme("qvar");
@@ -135,6 +149,7 @@ std::vector<Finding> Examine(const Call& call) {
           LookAtApplication(call),
           LookAtLinks(),
           LookAtHighlighter(globals),
+          LookAtMathJax(globals),
           LookAtTool("espeak-ng", "the pronunciation of words that no dictionary has"),
           LookAtTool("zip", "notebook packages"),
           LookAtTool("unzip", "notebook packages"),

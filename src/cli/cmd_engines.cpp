@@ -10,6 +10,7 @@
 
 #include "cli/commands.h"
 #include "cli/console.h"
+#include "cli/interrupts.h"
 #include "cli/temporary_folder.h"
 #include "content/find_text.h"
 #include "content/unicode_text.h"
@@ -109,20 +110,22 @@ std::string FailureText(const shell::StringTable& strings, const tools::Highligh
 }
 
 int PrintHighlighted(const Call& call, const HighlightOptions& options) {
+  WatchInterrupts();
   const shell::Globals globals = shell::OpenGlobals(call.root, platform::SystemClock());
   const tools::HighlightRequest request = RequestOf(options, globals.settings);
   platform::PosixProcessRunner runner;
   const tools::HighlighterPlace place = shell::FindHighlighter(globals.settings, runner);
   if (place.isSettingUseless) PrintError("note: the setting HighlighterPath names no program");
   const TemporaryFolder folder;
-  const auto html =
-      tools::Highlight(request, {.runner = runner, .program = place.path, .folder = folder.path()});
+  tools::HighlightTools tools{.runner = runner, .program = place.path, .folder = folder.path()};
+  tools.isCancelled = WasInterrupted;
+  const auto html = tools::Highlight(request, tools);
   if (!html.ok()) {
+    if (WasInterrupted()) return kWorkFailed;
     PrintError(FailureText(call.strings, html.error()));
     return kWorkFailed;
   }
-  // The document's title names the source file; where that was must not make each result another.
-  WriteOutput(options.out, content::ReplaceAll(*html, folder.path().string() + "/", ""));
+  WriteOutput(options.out, *html);
   return kDone;
 }
 
@@ -185,24 +188,29 @@ void PrintNotes(const tools::PhoneticAnswer& answer, const tools::DictionaryHost
 }
 
 int PrintPhonetics(const Call& call, const PhoneticsOptions& options) {
+  WatchInterrupts();
   tools::PhoneticQuery query;
   query.word = content::TrimWhite(options.word);
   if (query.word.empty()) throw Stop(kWrongCall, "the word is empty");
   if (!content::IsValidUtf8(query.word)) throw Stop(kWrongCall, "the word is not UTF-8");
-  const std::string language =
-      options.language ? *options.language
-                       : shell::OpenGlobals(call.root, platform::SystemClock()).settings.Phonetics_Language;
-  query.language = ChooseName("--language", language, tools::PhoneticLanguages());
+  const shell::Settings settings = shell::OpenGlobals(call.root, platform::SystemClock()).settings;
+  query.language = ChooseName("--language", options.language.value_or(settings.Phonetics_Language),
+                              tools::PhoneticLanguages());
+  query.isCancelled = WasInterrupted;
   const std::vector<std::string> preferred = platform::LanguagesOfEnvironment();
   if (!preferred.empty()) query.first = tools::FirstDictionarySet(preferred.front());
 
   const tools::DictionaryHosts hosts = tools::DictionaryHostsOfEnvironment();
   platform::CurlHttp http;
   platform::PosixProcessRunner runner;
-  const tools::PhoneticAnswer answer = tools::FindPhonetic(query, hosts, {}, http, runner);
+  const tools::PhoneticAnswer answer = tools::FindPhonetic(
+      query, hosts, {settings.Phonetics_Synthesizer, settings.Phonetics_Transliteration}, http, runner);
+  if (WasInterrupted()) return kWorkFailed;
   PrintNotes(answer, hosts, call.strings);
   if (options.json) {
-    WriteOutput("", AsJson(query, answer, hosts, call.strings).dump(2) + "\n");
+    WriteOutput("", AsJson(query, answer, hosts, call.strings)
+                            .dump(2, ' ', false, nlohmann::json::error_handler_t::replace) +
+                        "\n");
   } else if (!answer.phonetic.empty()) {
     WriteOutput("", answer.phonetic + "\n");
   }

@@ -13,7 +13,8 @@ namespace fs = std::filesystem;
 
 TemporaryFolder::TemporaryFolder() {
   std::error_code error;
-  const fs::path parent = fs::absolute(fs::temp_directory_path(error), error);
+  fs::path parent = fs::temp_directory_path(error);
+  if (!error) parent = fs::absolute(parent, error);
   if (error) throw Stop(kWorkFailed, "the folder for temporary files: " + error.message());
   std::string name = (parent / "quill-XXXXXX").string();
   if (::mkdtemp(name.data()) == nullptr)

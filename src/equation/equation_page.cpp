@@ -9,6 +9,7 @@
 #include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
 #include <algorithm>
+#include <csignal>
 #include <utility>
 
 #include "equation/equation_bridge.h"
@@ -112,6 +113,7 @@ void EquationPage::Enqueue(EquationJob job) {
   if (!job.wantsResult) {
     std::erase_if(m_waiting, [](const EquationJob& waiting) { return !waiting.wantsResult; });
     if (m_job && !m_job->wantsResult) m_job->done = nullptr;
+    m_preview = job.formula;
   }
   m_waiting.push_back(std::move(job));
   Work();
@@ -212,16 +214,31 @@ void EquationPage::FailAll(const QString& words) {
 
 void EquationPage::OnDeadline() {
   if (m_state == State::Loading) return FailAll(Words("errMathJaxNotLoaded"));
+  ++m_round;
+  if (EndProcess()) {
+    m_state = State::Ending;  // until it is lost
+  } else {
+    StartAnew("errEquationSlow");
+  }
+}
+
+bool EquationPage::EndProcess() {
+  const qint64 process = renderProcessPid();
+  return process > 0 && ::kill(static_cast<pid_t>(process), SIGKILL) == 0;
+}
+
+void EquationPage::StartAnew(const char* reason) {
   m_state = State::Empty;
   ++m_round;
-  Finish({Words("errEquationSlow"), true, {}});
+  Finish({Words(reason), true, {}});
 }
 
 void EquationPage::OnLost() {
   if (m_state == State::Loading) return FailAll(Words("errEquationLost"));
-  m_state = State::Empty;
-  ++m_round;
-  Finish({Words("errEquationLost"), true, {}});
+  // Once: a formula that brings the process down later on would do so again and again.
+  const std::optional<QString> preview = std::exchange(m_preview, std::nullopt);
+  if (m_state == State::Ready && preview) m_waiting.push_back({*preview, false, nullptr});
+  StartAnew(m_state == State::Ending ? "errEquationSlow" : "errEquationLost");
 }
 
 void EquationPage::SetColors(const QColor& text, const QColor& background) {

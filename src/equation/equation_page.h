@@ -29,7 +29,8 @@ struct EquationJob {
 
 /// One page that stays loaded and typesets one formula after the other. It never navigates, opens no windows,
 /// and starts anew by itself when it was lost, when it was too slow, and after a formula that changed how
-/// MathJax reads those that follow.
+/// MathJax reads those that follow. Its process is ended when it was too slow: a script that never returns
+/// would keep the next load waiting.
 class EquationPage final : public QWebEnginePage {
   Q_OBJECT
  public:
@@ -54,7 +55,8 @@ class EquationPage final : public QWebEnginePage {
   }
 
  private:
-  enum class State { Empty, Loading, Ready, Typesetting, Fetching };
+  /// Ending: too slow, and its process is about to be gone.
+  enum class State { Empty, Loading, Ready, Typesetting, Fetching, Ending };
 
   void Work();
   void Load();
@@ -65,6 +67,8 @@ class EquationPage final : public QWebEnginePage {
   void ReadPicture();
   void OnDeadline();
   void OnLost();
+  bool EndProcess();
+  void StartAnew(const char* reason);
   void Finish(const Typeset& typeset);
   void FailAll(const QString& words);
   void RunHere(const QString& code, std::function<void(const QVariant&)> got);
@@ -81,6 +85,7 @@ class EquationPage final : public QWebEnginePage {
   int m_round = 0;         ///< of the loaded page; late answers of an older one are passed over
   std::optional<EquationJob> m_job;
   std::deque<EquationJob> m_waiting;
+  std::optional<QString> m_preview;  ///< the formula to show again should an idle page be lost
   QTimer m_deadline;
   QString m_colors;
   /// Gone before the base class calls what scripts still owe.

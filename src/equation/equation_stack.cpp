@@ -14,6 +14,15 @@ namespace quill::equation {
 
 using tools::EquationForm;
 
+namespace {
+
+/// What comes from a page lands inside a conditional comment, which it must not end.
+bool IsMathMl(const QString& text) {
+  return text.startsWith("<math") && !text.contains("-->") && !text.contains("<![endif]");
+}
+
+}  // namespace
+
 EquationStack::EquationStack(const ui::EquationOptions& options)
     : m_profile(new QWebEngineProfile(this)),
       m_source(new MathJaxSource(options.mathJax, options.networkAddress, m_profile)),
@@ -91,15 +100,17 @@ void Equations::Show(const QString& formula, EquationForm form, Shown done) {
 
 void Equations::Native(const QString& formula, GotMathMl done) {
   if (FailWithoutMathJax([done](const QString& words) { done(Failure{words.toStdString()}); })) return;
-  m_stack->Page(EquationForm::Native).Enqueue({formula, true, [this, done](const Typeset& typeset) {
-                                                 if (typeset.failed)
-                                                   return done(Failure{typeset.problem.toStdString()});
-                                                 const QString mathMl = typeset.result.toString();
-                                                 if (mathMl.isEmpty())
-                                                   return done(Failure{
-                                                       std::string(m_strings.Text("msgConvertLaTeXFirst"))});
-                                                 done(mathMl.toStdString());
-                                               }});
+  m_stack->Page(EquationForm::Native)
+      .Enqueue({formula, true, [this, done](const Typeset& typeset) {
+                  if (typeset.failed) return done(Failure{typeset.problem.toStdString()});
+                  const QString mathMl = typeset.result.toString();
+                  if (mathMl.isEmpty())
+                    return done(Failure{std::string(m_strings.Text("msgConvertLaTeXFirst"))});
+                  if (!IsMathMl(mathMl)) {
+                    return done(Failure{std::string(m_strings.Text("msgCreateLaTeXError"))});
+                  }
+                  done(mathMl.toStdString());
+                }});
 }
 
 void Equations::Picture(const QString& formula, GotPicture done) {

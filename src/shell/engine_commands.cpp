@@ -1,5 +1,6 @@
 #include "shell/engine_commands.h"
 
+#include <chrono>
 #include <filesystem>
 #include <mutex>
 #include <optional>
@@ -57,7 +58,11 @@ HighlightCode HighlightIn(const std::filesystem::path& folder, const std::string
              const IsCancelled& isCancelled) -> Result<std::string, tools::HighlightFailure> {
     if (processes == nullptr)
       return Failure{tools::HighlightFailure{tools::HighlightProblem::NoHighlighter, {}}};
-    const std::lock_guard<std::mutex> lock(*turn);
+    std::unique_lock<std::timed_mutex> lock(*turn, std::defer_lock);
+    while (!lock.try_lock_for(std::chrono::milliseconds(50))) {
+      if (isCancelled && isCancelled())
+        return Failure{tools::HighlightFailure{tools::HighlightProblem::Cancelled, {}}};
+    }
     tools::HighlightTools tools{*processes, program, folder};
     tools.isCancelled = isCancelled;
     return tools::Highlight(request, tools);

@@ -13,9 +13,9 @@ namespace quill::shell {
 struct Engines {
   std::shared_ptr<platform::ProcessRunner> processes;
   std::shared_ptr<platform::Http> http;
-  std::shared_ptr<std::mutex> highlighting =
-      std::make_shared<std::mutex>();  ///< held by a run of the highlighter
-  std::string preferredLanguage;       ///< the first of the system's, such as "zh-Hans-CN"
+  std::shared_ptr<std::timed_mutex> highlighting =
+      std::make_shared<std::timed_mutex>();  ///< held by a run of the highlighter
+  std::string preferredLanguage;             ///< the first of the system's, such as "zh-Hans-CN"
 };
 
 }  // namespace quill::shell

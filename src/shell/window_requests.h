@@ -27,7 +27,7 @@ struct QuitRequest {};
 
 /// `MWinOptions`, and the page that it opens with.
 struct OptionsRequest {
-  enum class Page { General, Pages, HotKeys, Account };
+  enum class Page { General, Pages, Tools, HotKeys, Account };
   Page page = Page::General;
 };
 

@@ -8,6 +8,12 @@ namespace {
 
 constexpr std::string_view kDocumentType = "<!DOCTYPE HTML PUBLIC '-//W3C//DTD HTML 4.01 Transitional//EN'>";
 
+/// A second wall should markup get into the page after all: nothing in an attribute runs, nothing is
+/// embedded.
+constexpr std::string_view kPolicy =
+    "<meta http-equiv='Content-Security-Policy' content=\"script-src-attr 'none'; object-src 'none'; "
+    "frame-src 'none'; base-uri 'none'; form-action 'none'\">";
+
 constexpr std::string_view kNativeScripts = R"(<script type="text/x-mathjax-config">
 MathJax.Hub.Config({tex2jax: {inlineMath: [['$','$'], ['\\(','\\)']]},'HTML-CSS': {showMathMenu: false},showProcessingMessages: false,CommonHTML: {scale: 100},messageStyle: 'none'     });
 var g_LaTeX = '';
@@ -63,6 +69,7 @@ constexpr auto kChangingCommands = std::to_array<std::string_view>({"begingroup"
                                                                     "renewtagform",
                                                                     "require",
                                                                     "setOptions",
+                                                                    "unicode",
                                                                     "usetagform"});
 
 std::string Escaped(std::string_view text) {
@@ -85,7 +92,10 @@ std::string Escaped(std::string_view text) {
 std::string NativePage(std::string_view formula, std::string_view base) {
   std::string page(kDocumentType);
   page.append("<html><head><meta charset='utf-8'><META content='IE=edge' http-equiv='X-UA-Compatible'>");
-  page.append(kNativeScripts).append("<script type='text/javascript' async src='").append(base);
+  page.append(kPolicy)
+      .append(kNativeScripts)
+      .append("<script type='text/javascript' async src='")
+      .append(base);
   page.append(kMathJax2Path).append("MathJax.js?config=TeX-MML-AM_CHTML'></script></head>");
   page.append("<body style='border: 0px; overflow: auto; '><div id='equationdiv'><span id='equationspan'>");
   return page.append(formula).append("</span></div></body></html>");
@@ -97,7 +107,8 @@ std::string PicturePage(std::string_view formula, std::string_view base) {
     scripts.replace(at, 5, std::to_string(kPictureScale));
   }
   std::string page(kDocumentType);
-  page.append("<html><head><meta charset='utf-8'><script id='MathJax-script' async src='").append(base);
+  page.append("<html><head><meta charset='utf-8'>").append(kPolicy);
+  page.append("<script id='MathJax-script' async src='").append(base);
   page.append(kMathJax3Path).append("es5/tex-svg.js'></script>").append(scripts);
   return page.append("</head><body><span id='equation'>").append(formula).append("</span></body></html>");
 }

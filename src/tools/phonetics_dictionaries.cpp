@@ -121,6 +121,11 @@ std::string PhoneticAsText(std::string_view piece) {
   for (std::size_t at = 0; at < plain.size();) {
     const content::DecodedChar c = content::DecodeUtf8(plain, at);
     const std::size_t length = std::max<std::size_t>(c.length, 1);
+    // No transcription has these, and what comes from a page must not become markup on another.
+    if (c.code == '<' || c.code == '>') {
+      at += length;
+      continue;
+    }
     const bool isWhite = c.length != 0 && (content::IsBlank(c.code) || content::IsNewline(c.code));
     if (!isWhite) {
       if (isAfterWhite && !text.empty()) text += ' ';

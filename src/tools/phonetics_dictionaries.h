@@ -64,7 +64,8 @@ std::string DictionaryAddress(const DictionaryRow& row, const DictionaryHosts& h
 /// a marker is missing. O(page).
 std::string_view PhoneticFromPage(const DictionaryRow& row, std::string_view page);
 
-/// A scraped piece as text: tags removed, references decoded, white space as single blanks. O(piece).
+/// A scraped piece as text: tags removed, references decoded, white space as single blanks, no angle
+/// brackets. O(piece).
 std::string PhoneticAsText(std::string_view piece);
 
 }  // namespace quill::tools

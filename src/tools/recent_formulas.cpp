@@ -52,7 +52,7 @@ RecentFormulas RecentFormulas::FromText(std::string_view text) {
 }
 
 void RecentFormulas::Add(std::string_view formula) {
-  if (formula.empty()) return;
+  if (formula.empty() || formula.size() > kLongest) return;
   std::string added(formula);
   std::erase(m_items, added);
   m_items.insert(m_items.begin(), std::move(added));

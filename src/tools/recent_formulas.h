@@ -10,13 +10,14 @@ namespace quill::tools {
 class RecentFormulas {
  public:
   static constexpr std::size_t kMost = 20;
+  static constexpr std::size_t kLongest = 10'000;  ///< bytes; the settings file is no place for more
 
   RecentFormulas() = default;
 
   /// Reads what `ToText` wrote. Empty pieces are passed over and an escape that is none stands for itself.
   static RecentFormulas FromText(std::string_view text);
 
-  /// Puts a formula in front; an empty one is not kept.
+  /// Puts a formula in front; an empty one, or one longer than `kLongest`, is not kept.
   void Add(std::string_view formula);
 
   const std::vector<std::string>& Items() const { return m_items; }

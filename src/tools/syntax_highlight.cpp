@@ -124,6 +124,19 @@ std::vector<std::string> HighlightCommand(const std::string& program, const High
   return words;
 }
 
+namespace {
+
+/// The head's title names the source file; where that lay is nobody's business.
+std::string WithoutFolder(std::string html, const fs::path& folder) {
+  const std::size_t head = std::min(html.find("<body"), html.size());
+  const std::string name = folder.string() + "/";
+  const std::size_t at = std::string_view(html).substr(0, head).find(name);
+  if (at != std::string_view::npos) html.erase(at, name.size());
+  return html;
+}
+
+}  // namespace
+
 Result<std::string, HighlightFailure> Highlight(const HighlightRequest& request,
                                                 const HighlightTools& tools) {
   if (request.code.empty()) return Problem(HighlightProblem::NoCode);
@@ -142,7 +155,8 @@ Result<std::string, HighlightFailure> Highlight(const HighlightRequest& request,
   if (!html && html.error().problem == HighlightProblem::NoResult && !theme->otherStyle.empty())
     html = RunOnce(request, theme->otherStyle, tools);
   if (!html) return Failure{html.error()};
-  return FrameCode(ConvertToFit1651(ReduceEntities(ClaimUtf8(std::move(*html)))), request.frame);
+  return FrameCode(ConvertToFit1651(ReduceEntities(ClaimUtf8(WithoutFolder(std::move(*html), tools.folder)))),
+                   request.frame);
 }
 
 }  // namespace quill::tools

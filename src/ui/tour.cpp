@@ -182,6 +182,9 @@ void Tour::AnswerDialog(const QString& action, const QString& picture, Fill fill
         QTimer::singleShot(kUntilPaintedMs, this, [this, picture] {
           Picture(picture);
           if (QPushButton* ok = OkButton()) ok->click();
+          // What goes wrong leaves the dialog open; the end of the action goes on with the tour.
+          Await(
+              kLooks, "the end of the dialog", [] { return OpenDialog() == nullptr; }, [] {});
         });
       });
     });

@@ -9,6 +9,7 @@ namespace quill::cli {
 namespace {
 
 using testing::AllOf;
+using testing::ContainsRegex;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -74,6 +75,23 @@ TEST_F(Engines, FollowsTheHighlighterSetting) {
   EXPECT_TRUE(LeavesNothing());
 }
 
+// Where equations get MathJax from: the files beside the program, wherever that stands, or what is set.
+TEST_F(Engines, DoctorFindsMathJax) {
+  const fs::path folder = fs::canonical(m_folder) / "moved";
+  const fs::path files = folder / "share/quillmenu/mathjax";
+  fs::create_directories(folder / "bin");
+  fs::copy_file(QUILL_PROGRAM, folder / "bin/quill");
+  m_program = (folder / "bin/quill").string();
+  EXPECT_THAT(Run("doctor").out, ContainsRegex("-- MathJax +not installed; .*npm"));
+  for (const char* name : {"mathjax2/MathJax.js", "mathjax3/es5/tex-svg.js"}) {
+    fs::create_directories((files / name).parent_path());
+    std::ofstream(files / name) << "//";
+  }
+  EXPECT_THAT(Run("doctor").out, ContainsRegex("ok MathJax +" + files.string()));
+  Run("settings set MathJaxAddress https://example.org");
+  EXPECT_THAT(Run("doctor").out, ContainsRegex("ok MathJax +https://example.org, as the setting"));
+}
+
 // The transcription alone on standard output, for a pipe; that nobody looked it up goes to standard error.
 TEST_F(Engines, PronouncesWords) {
   const Output english = Run("phonetics hello");
@@ -82,6 +100,9 @@ TEST_F(Engines, PronouncesWords) {
   EXPECT_THAT(english.err, HasSubstr("speech synthesizer"));
   Run("settings set Phonetics_Language Chinese");
   EXPECT_EQ(Run("phonetics 中文").out, "zhōng wén\n");
+  Run("settings set Phonetics_Transliteration false");
+  EXPECT_EQ(Run("phonetics 中文").status, 1) << "a source that is switched off";
+  Run("settings set Phonetics_Transliteration true");
   const Output none = Run("phonetics 東京 --language japanese --json");
   EXPECT_EQ(none.status, 1);
   const auto json = nlohmann::json::parse(none.out);

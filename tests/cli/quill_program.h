@@ -24,6 +24,10 @@ struct Output {
 class Quill : public testing::Test {
  protected:
   void SetUp() override {
+    for (const char* dictionary : {"CHINESE_ENGLISH", "FRENCH_FOR_CHINESE", "CHINESE_CHARACTERS", "ENGLISH",
+                                   "FRENCH", "GERMAN", "JAPANESE"}) {
+      ::unsetenv(("QUILL_DICTIONARY_" + std::string(dictionary) + "_URL").c_str());
+    }
     std::string name = (fs::temp_directory_path() / "quill-cli-XXXXXX").string();
     m_folder = ::mkdtemp(name.data());
     fs::create_directories(m_folder / "run");
@@ -38,7 +42,7 @@ class Quill : public testing::Test {
     const std::string folder = m_folder.string();
     const std::string command = "cd '" + folder + "' && XDG_RUNTIME_DIR='" + folder + "/run' TMPDIR='" +
                                 folder + "/tmp' QUILL_ROOT='" + folder + "/root' TZ=UTC LC_ALL=C.UTF-8 '" +
-                                QUILL_PROGRAM "' " + words + " <in >out 2>err";
+                                m_program + "' " + words + " <in >out 2>err";
     const int status = std::system(command.c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, File("out"), File("err")};
   }
@@ -49,6 +53,7 @@ class Quill : public testing::Test {
   }
 
   fs::path m_folder;
+  std::string m_program = QUILL_PROGRAM;
 };
 
 }  // namespace quill::cli

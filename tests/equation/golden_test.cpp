@@ -60,6 +60,8 @@ TEST(GoldenRun, WarmPageGivesWhatANewOneGives) {
                                   R"(\sqrt{y} \label{a})",
                                   R"(\require{mhchem}\ce{H2O})",
                                   R"(\ce{H2O})",
+                                  R"(\unicode[.9,.1][monospace]{x263a})",
+                                  R"(\unicode{x263a})",
                                   R"(\begin{pmatrix} a \\ b \end{pmatrix})"};
   EquationWorld& warm = EquationWorld::Warm();
   for (const std::string& formula : formulas) {

@@ -3,9 +3,11 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QImage>
+#include <QSignalSpy>
 #include <QTest>
 #include <QWidget>
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <vector>
 
@@ -139,6 +141,55 @@ TEST(Preview, GivesUpInTimeAndSaysSo) {
   EquationWorld late(
       {.mathJax = BuiltMathJax(), .strings = strings, .startDeadline = std::chrono::milliseconds(1)});
   EXPECT_EQ(late.Native("x").error(), "MathJax could not be loaded from " + BuiltMathJax().string() + ".");
+}
+
+/// The process that typesets on a page; 0 while there is none.
+qint64 ProcessOf(const QObject* page) {
+  return page ? page->property("renderProcessPid").toLongLong() : 0;
+}
+
+/// The page of equations, the one on top; the tests know no more of it than that it is an object.
+QObject* NativePage(EquationWorld& world) {
+  QObject* last = nullptr;
+  for (QObject* object : world.view().Widget().findChildren<QObject*>()) {
+    if (object->inherits("QWebEnginePage")) last = object;
+  }
+  return last;
+}
+
+// A script that never returns would hold the process, and with it every later formula.
+TEST(Preview, EndsTheProcessThatWasTooSlow) {
+  NEEDS_MATHJAX();
+  const shell::StringTable strings;
+  EquationWorld slow(
+      {.mathJax = BuiltMathJax(), .strings = strings, .answerDeadline = std::chrono::milliseconds(0)});
+  const QObject* page = NativePage(slow);
+  const QSignalSpy loaded(page, SIGNAL(loadFinished(bool)));
+  slow.view().Warm(EquationForm::Native);
+  ASSERT_TRUE(WaitUntil([&] { return !loaded.isEmpty(); }));
+  const qint64 first = ProcessOf(page);
+  ASSERT_GT(first, 0);
+  EXPECT_EQ(slow.Show("x"), strings.Text("errEquationSlow"));
+  EXPECT_EQ(slow.Show("y"), strings.Text("errEquationSlow")) << "a new page works";
+  EXPECT_NE(ProcessOf(page), first);
+}
+
+// A preview whose process is ended by the system, for want of memory, comes back without a key.
+TEST(Preview, ComesBackWhenItsProcessIsLost) {
+  NEEDS_MATHJAX();
+  EquationWorld world;
+  QWidget& widget = world.view().Widget();
+  widget.resize(360, 120);
+  widget.show();
+  ASSERT_EQ(world.Show(R"(x=\frac{-b\pm\sqrt{b^2-4ac}}{2a})"), "");
+  const auto isSeen = [&] { return Marks(widget.grab().toImage()) > 500; };
+  ASSERT_TRUE(WaitUntil(isSeen));
+  const QObject* page = NativePage(world);
+  const qint64 first = ProcessOf(page);
+  ASSERT_GT(first, 0);
+  ASSERT_EQ(::kill(static_cast<pid_t>(first), SIGKILL), 0);
+  ASSERT_TRUE(WaitUntil([&] { return ProcessOf(page) != first && ProcessOf(page) > 0; }));
+  EXPECT_TRUE(WaitUntil(isSeen));
 }
 
 // A command that means itself would go on for ever; MathJax counts.

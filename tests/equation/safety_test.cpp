@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QMouseEvent>
+#include <QSignalSpy>
 #include <QTcpServer>
 #include <QTest>
 #include <QWidget>
@@ -42,6 +44,50 @@ TEST(Safety, FormulaFetchesNothing) {
   EXPECT_FALSE(world.view().RefusedAddresses().join(' ').contains("/c.png")) << "text became markup";
 }
 
+// MathJax writes some names from a formula into markup as they stand. They neither become elements nor run.
+TEST(Safety, FormulaIsNoMarkup) {
+  NEEDS_MATHJAX();
+  EquationWorld world;
+  world.view().Widget().show();  // a page that is not seen does not look for its pictures
+  const std::string element = R"(<img src=/brought.png onerror=fetch("http://127.0.0.1:9/ran")>)";
+  for (const EquationForm form : {EquationForm::Native, EquationForm::Picture}) {
+    world.Show(R"(\unicode{x41)" + element + "}", form);
+    world.Show(R"(\class{">)" + element + R"(}{x})", form);
+    world.Show(R"(\text{)" + element + "}", form);
+    world.Show(R"(\style{background-image:url(/asked.png)}{x})", form);
+    EXPECT_TRUE(world.Native("x").ok() && world.Picture("x").ok()) << "the pages are still alive";
+  }
+  EXPECT_TRUE(WaitUntil([&] { return world.view().MissingFiles().contains("/asked.png"); }));
+  EXPECT_FALSE(world.view().MissingFiles().contains("/brought.png")) << "text became markup";
+  EXPECT_EQ(world.view().RefusedAddresses().join(' ').toStdString(), "") << "a script ran";
+  EXPECT_NE(world.Native(R"(\unicode{x41<b>}\unicode{x263a})").ValueOr("").find(">A<"), std::string::npos);
+}
+
+// The MathML lands in a comment of the page that is inserted, and must not end it.
+TEST(Safety, MathMlDoesNotEndTheCommentAroundIt) {
+  NEEDS_MATHJAX();
+  EquationWorld& world = EquationWorld::Warm();
+  for (const std::string mark : {"-->", "<![endif]"}) {
+    const std::string mathMl = world.Native(R"(\class{)" + mark + "}{x}").ValueOr("");
+    EXPECT_EQ(mathMl.find(mark), mathMl.npos) << mathMl;
+  }
+  EXPECT_TRUE(world.Native(R"(\text{--> <![endif]})").ok()) << "as text it is harmless";
+}
+
+/// The web page that a view shows; the tests know no more of it than that it is an object.
+QObject* ShownPage(const QWidget& widget) {
+  for (QObject* object : widget.findChildren<QObject*>()) {
+    const auto* view = qobject_cast<QWidget*>(object->parent());
+    if (object->inherits("QWebEnginePage") && view && view->isVisible()) return object;
+  }
+  return nullptr;
+}
+
+void MoveMouse(QWidget& widget, QPoint global) {
+  QMouseEvent move(QEvent::MouseMove, widget.mapFromGlobal(global), global, Qt::NoButton, Qt::NoButton, {});
+  QApplication::sendEvent(&widget, &move);
+}
+
 // A click on a link in the preview leads nowhere, and no script in it runs.
 TEST(Safety, LinksInThePreviewDoNothing) {
   NEEDS_MATHJAX();
@@ -57,6 +103,14 @@ TEST(Safety, LinksInThePreviewDoNothing) {
       ASSERT_EQ(world.Show(R"(\href{)" + link + R"(}{\Rule{20em}{8em}{4em}})", form), "");
       QWidget* inner = QApplication::widgetAt(widget.mapToGlobal(QPoint(150, 100)));
       ASSERT_TRUE(inner);
+      QObject* page = ShownPage(widget);
+      ASSERT_TRUE(page);
+      const QSignalSpy hovered(page, SIGNAL(linkHovered(QString)));
+      int step = 0;  // a move before the page has drawn the link finds nothing there
+      ASSERT_TRUE(WaitUntil([&] {
+        MoveMouse(*inner, widget.mapToGlobal(QPoint(150, ++step % 2 == 0 ? 2 : 100)));
+        return !hovered.isEmpty();
+      })) << "the mouse does not reach the link";
       QTest::mouseClick(inner, Qt::LeftButton, {},
                         inner->mapFromGlobal(widget.mapToGlobal(QPoint(150, 100))));
       EXPECT_EQ(world.Show("\\gone", form), "Undefined control sequence \\gone");

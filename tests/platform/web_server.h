@@ -12,7 +12,9 @@ namespace quill::test {
 class WebServer {
  public:
   WebServer() {
-    ::setenv("no_proxy", "127.0.0.1", 1);
+    ::setenv("no_proxy", "127.0.0.1,host.invalid", 1);
+    pages.set_keep_alive_max_count(1000);
+    pages.set_keep_alive_timeout(60);
     m_port = pages.bind_to_any_port("127.0.0.1");
     m_released = m_release.get_future().share();
   }

@@ -66,6 +66,25 @@ TEST_F(PracticeCommand, TableToolsReadAndRestyleTheTable) {
   EXPECT_THAT(screen.messages(), testing::IsEmpty());
 }
 
+// Whatever is on a page, the tools that only look at it find words there, and leave it as it was.
+TEST_F(PracticeCommand, ToolsThatLookLeaveEveryPageAlone) {
+  for (const char* title :
+       {"Welcome", "Headings", "Table", "Lists", "Picture", "Asian text", "Source code"}) {
+    SCOPED_TRACE(title);
+    ASSERT_TRUE(world.OpenPage(title) && world.SelectPage());
+    const std::string before = world.PageHtml();
+    Run([](shell::NSOneNoteMain& bridge) { bridge.Run(10); });
+    const auto& counts = std::any_cast<const shell::CountRequest&>(screen.windows().back());
+    EXPECT_GT(counts.rows.at(0).value, 1) << "paragraphs";
+    EXPECT_GT(counts.rows.at(3).value, 5) << "words";
+    Run([](shell::NSOneNoteMain& bridge) { bridge.Run(16); });
+    const auto& size = std::any_cast<const shell::CountRequest&>(screen.windows().back());
+    EXPECT_EQ(size.rows.empty(), std::string_view(title) != "Table");
+    EXPECT_EQ(world.PageHtml(), before);
+  }
+  EXPECT_THAT(screen.messages(), testing::IsEmpty());
+}
+
 // Tables, lists and pictures go through the core and come back with their shape.
 TEST_F(PracticeCommand, UpperCaseKeepsTheShapeOfEveryPage) {
   for (const char* title : {"Headings", "Table", "Lists", "Asian text", "Source code"}) {

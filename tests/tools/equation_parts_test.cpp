@@ -39,6 +39,7 @@ TEST(LatexPage, KnowsFormulasThatChangeLaterOnes) {
   EXPECT_TRUE(ChangesLaterFormulas(R"(\newcommand{\R}{\mathbb{R}} \R)"));
   EXPECT_TRUE(ChangesLaterFormulas(R"(x\def\a{b})"));
   EXPECT_TRUE(ChangesLaterFormulas(R"(def \let\a=b)"));
+  EXPECT_TRUE(ChangesLaterFormulas(R"(\unicode[Times]{x263a})"));
   EXPECT_FALSE(ChangesLaterFormulas(R"(\left(\frac{let}{def}\right) \lambda)"));
 }
 

@@ -3,6 +3,30 @@
   'use strict';
   let failed = false;
 
+  // MathJax writes the names of characters and of classes as they stand in the formula, and then reads the whole
+  // as the page's markup: an element in them would be one of the page.
+  function writeMarkupAsText() {
+    const {entity, mbase} = window.MathJax.ElementJax.mml;
+    const {toMathML} = entity.prototype;
+    const {toMathMLclass} = mbase.prototype;
+    entity.Augment({
+      toMathML(space) {
+        if (/^[A-Za-z0-9#]+$/.test(this.data[0])) return toMathML.call(this, space);
+        return (space || '') + mbase.prototype.toMathMLquote(this.toString());
+      },
+    });
+    mbase.Augment({
+      toMathMLclass(attributes) {
+        const own = [];
+        toMathMLclass.call(this, own);
+        for (const attribute of own) {
+          const value = attribute.slice('class="'.length, -1);
+          attributes.unshift('class="' + this.toMathMLquote(value) + '"');
+        }
+      },
+    });
+  }
+
   window.MathJax = {
     AuthorInit() {
       const hub = window.MathJax.Hub;
@@ -17,6 +41,7 @@
         failed = true;
         window.quill.problem(String(message[2].message || message[2]));
       });
+      hub.Register.StartupHook('toMathML Ready', writeMarkupAsText);
       hub.Register.StartupHook('End', () => {
         hub.processSectionDelay = 0;  // pauses for long pages: they made two thirds of the time of one formula
         window.MathJax.Extension['fast-preview'].Disable();

@@ -1,6 +1,7 @@
 #include "platform/curl/curl_exchange.h"
 
 #include <algorithm>
+#include <new>
 
 #include "base/version.h"
 #include "content/unicode_text.h"
@@ -9,6 +10,7 @@ namespace quill::platform {
 namespace {
 
 constexpr long kMaxRedirects = 10;
+constexpr std::size_t kMostHeaderBytes = 1u << 20;
 const std::string kAgent = std::string("QuillMenu/") + kVersion;
 
 HttpProblem ProblemOf(CURLcode code) {
@@ -75,8 +77,9 @@ CurlExchange::CurlExchange(CURL* handle, const HttpRequest& request) : m_handle(
 
 void CurlExchange::SetAddress() {
   Curl().easy_setopt(m_handle, CURLOPT_URL, m_request.url.c_str());
-  Curl().easy_setopt(m_handle, CURLOPT_PROTOCOLS_STR, "http,https");
-  Curl().easy_setopt(m_handle, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
+  // A library that does not know these would take "file:", too.
+  m_isSafe = Curl().easy_setopt(m_handle, CURLOPT_PROTOCOLS_STR, "http,https") == CURLE_OK &&
+             Curl().easy_setopt(m_handle, CURLOPT_REDIR_PROTOCOLS_STR, "http,https") == CURLE_OK;
   const bool mayFollow =
       m_request.method == HttpMethod::Get && HeaderValue(m_request.headers, "authorization").empty();
   Curl().easy_setopt(m_handle, CURLOPT_FOLLOWLOCATION, mayFollow ? 1L : 0L);
@@ -85,6 +88,8 @@ void CurlExchange::SetAddress() {
 
 void CurlExchange::SetMethod() {
   if (m_request.method == HttpMethod::Get) return;
+  // On a kept connection that has died meanwhile the library would send the request a second time.
+  Curl().easy_setopt(m_handle, CURLOPT_FRESH_CONNECT, 1L);
   if (HasBody(m_request.method)) {
     Curl().easy_setopt(m_handle, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(m_request.body.size()));
     Curl().easy_setopt(m_handle, CURLOPT_POSTFIELDS, m_request.body.data());
@@ -110,6 +115,8 @@ void CurlExchange::SetLimits() {
   Curl().easy_setopt(m_handle, CURLOPT_TIMEOUT_MS, deadline);
   Curl().easy_setopt(m_handle, CURLOPT_CONNECTTIMEOUT_MS, deadline);
   Curl().easy_setopt(m_handle, CURLOPT_NOSIGNAL, 1L);
+  // A name server that never answers must not outlast the deadline.
+  Curl().easy_setopt(m_handle, CURLOPT_QUICK_EXIT, 1L);
 }
 
 void CurlExchange::SetCallbacks() {
@@ -124,6 +131,7 @@ void CurlExchange::SetCallbacks() {
 }
 
 Result<HttpResponse, HttpFailure> CurlExchange::Perform() {
+  if (!m_isSafe) return Failure{HttpFailure{HttpProblem::Failed, "this libcurl is too old"}};
   const CURLcode code = Curl().easy_perform(m_handle);
   if (code != CURLE_OK) {
     const HttpProblem problem = m_isTooLarge ? HttpProblem::TooLarge : ProblemOf(code);
@@ -161,14 +169,23 @@ bool CurlExchange::TakeBody(std::string_view bytes) {
   return !m_isTooLarge;
 }
 
-std::size_t CurlExchange::OnHeader(char* bytes, std::size_t size, std::size_t count, void* exchange) {
-  static_cast<CurlExchange*>(exchange)->TakeHeaderLine({bytes, size * count});
+// No exception may pass through the library's own frames: out of memory ends the exchange instead.
+std::size_t CurlExchange::OnHeader(char* bytes, std::size_t size, std::size_t count, void* exchange) try {
+  auto* self = static_cast<CurlExchange*>(exchange);
+  self->m_headerBytes += size * count;
+  self->m_isTooLarge = self->m_headerBytes > kMostHeaderBytes;
+  if (self->m_isTooLarge) return 0;
+  self->TakeHeaderLine({bytes, size * count});
   return size * count;
+} catch (const std::bad_alloc&) {
+  return 0;
 }
 
-std::size_t CurlExchange::OnBody(char* bytes, std::size_t size, std::size_t count, void* exchange) {
+std::size_t CurlExchange::OnBody(char* bytes, std::size_t size, std::size_t count, void* exchange) try {
   auto* self = static_cast<CurlExchange*>(exchange);
   return self->TakeBody({bytes, size * count}) ? size * count : 0;
+} catch (const std::bad_alloc&) {
+  return 0;
 }
 
 int CurlExchange::OnProgress(void* exchange, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {

@@ -43,8 +43,10 @@ class CurlExchange {
   const HttpRequest& m_request;
   CurlList m_headers;
   HttpResponse m_response;
+  bool m_isSafe = false;  ///< the library keeps to http and https
   bool m_hasAnswer = false;
   bool m_isTooLarge = false;
+  std::size_t m_headerBytes = 0;
   char m_detail[CURL_ERROR_SIZE] = {};
 };
 

@@ -2,12 +2,14 @@
 
 #include <fcntl.h>
 #include <signal.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 
 namespace quill::platform {
 namespace {
@@ -50,11 +52,29 @@ FileHandle InputFile(const std::optional<std::string>& input) {
 
 /// Everything that the child needs, laid out before the fork: afterwards nothing may be allocated.
 struct Plan {
+  const char* program;
   char* const* arguments;
   const char* folder;  ///< null: stay
   int streams[3];
   int report;
 };
+
+/// The file of a program: a name with a slash is one; others are looked for on PATH, in its absolute folders.
+/// Empty when there is none. Unlike the system's own search this never falls back on a shell.
+std::string FindProgram(const std::string& name) {
+  if (name.find('/') != std::string::npos) return name;
+  const char* variable = std::getenv("PATH");
+  std::string_view rest = variable != nullptr ? variable : "/usr/bin:/bin";
+  while (!rest.empty()) {
+    const std::size_t end = std::min(rest.find(':'), rest.size());
+    const std::string file = std::string(rest.substr(0, end)) + "/" + name;
+    struct stat facts {};
+    const bool isFile = file.front() == '/' && ::stat(file.c_str(), &facts) == 0 && S_ISREG(facts.st_mode);
+    if (isFile && ::access(file.c_str(), X_OK) == 0) return file;
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
+  return {};
+}
 
 /// Files that other parts of the process opened without asking for it to be closed on exec.
 void CloseTheRestOnExec() {
@@ -80,12 +100,12 @@ void TakeDefaultSignals() {
 /// Becomes the program; what fails is told through the report pipe, which a successful exec closes. Only
 /// calls that are safe between fork and exec.
 [[noreturn]] void Become(const Plan& plan) {
-  ::setpgid(0, 0);
+  ::setsid();  // a group of its own, and no terminal to ask anything on
   TakeDefaultSignals();
   CloseTheRestOnExec();
   bool isReady = plan.folder == nullptr || ::chdir(plan.folder) == 0;
   for (int stream = 0; stream < 3; ++stream) isReady = isReady && ::dup2(plan.streams[stream], stream) >= 0;
-  if (isReady) ::execvp(plan.arguments[0], plan.arguments);
+  if (isReady) ::execv(plan.program, plan.arguments);
   // A folder that is missing must not look like a program that is missing.
   const int error = isReady || errno != ENOENT ? errno : ENOTDIR;
   const ssize_t written = ::write(plan.report, &error, sizeof error);
@@ -95,9 +115,11 @@ void TakeDefaultSignals() {
 /// The error that a child tells before it becomes the program; 0 when it became it.
 int ReadReport(int report) {
   int error = 0;
-  while (::read(report, &error, sizeof error) < 0 && errno == EINTR) {
-  }
-  return error;
+  ssize_t size = 0;
+  do {
+    size = ::read(report, &error, sizeof error);
+  } while (size < 0 && errno == EINTR);
+  return size < 0 ? errno : error;
 }
 
 /// Starts the child. All signals are held back meanwhile, so that no handler of ours runs in it.
@@ -128,7 +150,8 @@ Result<Child, int> StartChild(const ProcessRequest& request) {
   arguments.push_back(nullptr);
 
   FileHandle input = InputFile(request.input);
-  if (!input.isOpen()) return Failure{errno};
+  if (!input.isOpen())
+    return Failure{errno == ENOENT ? EIO : errno};  // it is not the program that is missing
   auto output = MakePipe();
   if (!output) return Failure{output.error()};
   auto errors = MakePipe();
@@ -136,13 +159,15 @@ Result<Child, int> StartChild(const ProcessRequest& request) {
   auto report = MakePipe();
   if (!report) return Failure{report.error()};
 
-  const Plan plan{arguments.data(),
+  const std::string program = FindProgram(request.command.front());
+  if (program.empty()) return Failure{ENOENT};
+  const Plan plan{program.c_str(),
+                  arguments.data(),
                   request.folder.empty() ? nullptr : request.folder.c_str(),
                   {input.get(), output->writing.get(), errors->writing.get()},
                   report->writing.get()};
   const pid_t pid = Fork(plan);
   if (pid < 0) return Failure{errno};
-  ::setpgid(pid, pid);  // here too: whoever comes first
   report->writing.Close();
   if (const int error = ReadReport(report->reading.get()); error != 0) {
     Reap(pid);

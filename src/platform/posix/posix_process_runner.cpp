@@ -9,6 +9,7 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <system_error>
 #include <thread>
 
 #include "platform/posix/child_start.h"
@@ -32,11 +33,15 @@ class EndWatch {
     m_reading = FileHandle(ends[0]);
     FileHandle writing(ends[1]);
     for (const int end : ends) ::fcntl(end, F_SETFD, FD_CLOEXEC);
-    m_thread = std::thread([pid, held = std::move(writing)] {
-      siginfo_t info{};
-      while (::waitid(P_PID, static_cast<id_t>(pid), &info, WEXITED | WNOWAIT) < 0 && errno == EINTR) {
-      }
-    });
+    try {
+      m_thread = std::thread([pid, held = std::move(writing)] {
+        siginfo_t info{};
+        while (::waitid(P_PID, static_cast<id_t>(pid), &info, WEXITED | WNOWAIT) < 0 && errno == EINTR) {
+        }
+      });
+    } catch (const std::system_error&) {
+      m_reading.Close();  // no room for a thread: the child is stopped at once
+    }
   }
   /// Only after the child's end is certain.
   ~EndWatch() {
@@ -100,6 +105,15 @@ class Supervisor {
         m_streams{Capture(std::move(child.output), result.output, request, result.isCut),
                   Capture(std::move(child.errors), result.errors, request, result.isCut)} {}
 
+  /// However the run ends, nothing of the child is left before its watch is.
+  ~Supervisor() {
+    if (m_isReaped) return;
+    ::kill(-m_pid, SIGKILL);
+    Reap();
+  }
+  Supervisor(const Supervisor&) = delete;
+  Supervisor& operator=(const Supervisor&) = delete;
+
   void Run() {
     m_result.end = ProcessEnd::Exited;
     if (!m_watch.signal().isOpen()) m_result.end = ProcessEnd::NotStarted;
@@ -140,6 +154,7 @@ class Supervisor {
     int status = 0;
     while (::waitpid(m_pid, &status, 0) < 0 && errno == EINTR) {
     }
+    m_isReaped = true;
     if (m_result.end != ProcessEnd::Exited) return;
     if (WIFSIGNALED(status)) m_result.end = ProcessEnd::Signalled;
     m_result.status = WIFSIGNALED(status) ? WTERMSIG(status) : WEXITSTATUS(status);
@@ -148,6 +163,7 @@ class Supervisor {
   const ProcessRequest& m_request;
   ProcessResult& m_result;
   pid_t m_pid;
+  bool m_isReaped = false;
   EndWatch m_watch;
   std::array<Capture, 2> m_streams;
 };

@@ -1,4 +1,7 @@
 #pragma once
+#include <QByteArray>
+#include <QCache>
+#include <QImage>
 #include <QTextBrowser>
 #include <string_view>
 
@@ -7,9 +10,10 @@ namespace quill::ui {
 /// What a piece of HTML looks like on a page: black on white, whatever the desktop's colours are, and with
 /// tables in thin lines.
 ///
-/// Read-only and still: no link can be followed, and no file or address is read, whatever the text names. A
-/// picture inside the text (a data: address) is shown, an empty frame stands for any other. Made for
-/// excerpts: laying out a page takes time in proportion to its size. GUI thread.
+/// Read-only and still: no link can be followed, and no file or address is read, whatever the text names. The
+/// first forty pictures inside the text (data: addresses) are shown, in the size of an excerpt at most, and
+/// are kept for the next page; an empty frame stands for any other. Made for excerpts: laying out a page
+/// takes time in proportion to its size. GUI thread.
 class PagePreview final : public QTextBrowser {
   Q_OBJECT
  public:
@@ -19,6 +23,12 @@ class PagePreview final : public QTextBrowser {
   void ShowHtml(std::string_view html);
 
   QVariant loadResource(int type, const QUrl& name) override;
+
+ private:
+  QImage Picture(const QUrl& address);
+
+  QCache<QByteArray, QImage> m_pictures;  ///< by their addresses; the costs are kilobytes
+  int m_picturesOnPage = 0;
 };
 
 }  // namespace quill::ui

@@ -15,4 +15,10 @@ inline std::string FromQt(const QString& text) {
   return text.toStdString();
 }
 
+/// A label's text as the name of what it stands beside: without the colon at its end.
+inline QString WithoutColon(QString label) {
+  while (label.endsWith(u':') || label.endsWith(u'：')) label.chop(1);
+  return label.trimmed();
+}
+
 }  // namespace quill::ui

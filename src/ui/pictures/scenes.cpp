@@ -18,6 +18,7 @@
 #include "ui/kit/qt_text.h"
 #include "ui/kit/win_input.h"
 #include "ui/pictures/content_scenes.h"
+#include "ui/pictures/engine_scenes.h"
 #include "ui/pictures/sample_data.h"
 #include "ui/pictures/scene_parts.h"
 #include "ui/windows/image/picture_view.h"
@@ -222,6 +223,7 @@ std::vector<Scene> Scenes() {
       {QStringLiteral("palette-nothing"), palette(QStringLiteral("xylophone"))},
       {QStringLiteral("options-general"), options(Page::General)},
       {QStringLiteral("options-pages"), options(Page::Pages)},
+      {QStringLiteral("options-tools"), options(Page::Tools)},
       {QStringLiteral("options-hot-keys"), options(Page::HotKeys)},
       {QStringLiteral("options-account"), options(Page::Account)},
       {QStringLiteral("key-recorder"), OpenKeyRecorder},
@@ -239,6 +241,7 @@ std::vector<Scene> Scenes() {
       {QStringLiteral("ruler-vertical"), ruler(Qt::Vertical, RulerUnit::Centimetres)},
       {QStringLiteral("colors"), OpenColors}};
   for (Scene& scene : ContentScenes()) scenes.push_back(std::move(scene));
+  for (Scene& scene : EngineScenes()) scenes.push_back(std::move(scene));
   return scenes;
 }
 

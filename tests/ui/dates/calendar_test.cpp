@@ -3,7 +3,9 @@
 
 #include <QAbstractItemModel>
 #include <QCalendarWidget>
+#include <QProxyStyle>
 #include <QTableView>
+#include <QTest>
 
 #include "open_dialog.h"
 #include "ui/windows/dates/win_calendar.h"
@@ -41,6 +43,39 @@ TEST(Calendar, PicksADayWithTheKeyboard) {
   Press(Qt::Key_Return);
   ASSERT_TRUE(dialog.answer.has_value());
   EXPECT_EQ(dialog.answer->day, 2027y / 12 / 22);
+  EXPECT_EQ(dialog.answer->span, Span::Month);
+}
+
+/// A desktop on which files open with one click.
+class SingleClicks final : public QProxyStyle {
+ public:
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* data) const override {
+    if (hint == SH_ItemView_ActivateItemOnSingleClick) return 1;
+    return QProxyStyle::styleHint(hint, option, widget, data);
+  }
+};
+
+// A click chooses a day, on every desktop; only a double click is an answer.
+TEST(Calendar, PicksADayWithTheMouse) {
+  SingleClicks style;
+  Dialog dialog(shell::CalendarRequest{kToday, false});
+  auto* days = dialog.window->findChild<QTableView*>();
+  days->setStyle(&style);
+  const auto center = [&](int row) {  // of a Wednesday
+    return days->visualRect(days->model()->index(row, 3)).center();
+  };
+  QTest::mouseClick(days->viewport(), Qt::LeftButton, {}, center(2));
+  const auto* picker = dialog.window->findChild<QCalendarWidget*>();
+  const QDate chosen = picker->selectedDate();
+  EXPECT_NE(chosen, QDate(2026, 11, 15));
+  EXPECT_EQ(chosen.dayOfWeek(), Qt::Wednesday);
+  EXPECT_FALSE(dialog.closed);
+  QTest::mouseDClick(days->viewport(), Qt::LeftButton, {}, center(0));
+  EXPECT_FALSE(dialog.closed) << "the name of a weekday";
+  QTest::mouseClick(days->viewport(), Qt::LeftButton, {}, center(3));
+  QTest::mouseDClick(days->viewport(), Qt::LeftButton, {}, center(3));
+  ASSERT_TRUE(dialog.answer.has_value());
   EXPECT_EQ(dialog.answer->span, Span::Month);
 }
 

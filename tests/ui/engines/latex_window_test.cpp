@@ -259,6 +259,28 @@ TEST_F(LaTeXWindow, SaysWhyThereIsNoPreview) {
   EXPECT_TRUE(view.Widget().isVisible());
 }
 
+// A form that takes its time, or that does not work at all, does not cover the other one, which works.
+TEST_F(LaTeXWindow, GoesBackToAFormThatWorks) {
+  Open({.formula = "$$a$$"});
+  const auto seen = [this] { return view.Widget().isVisible(); };
+  view.answersShows = false;
+  Choose("Picture");
+  ASSERT_TRUE(WaitUntil([&] { return !seen(); })) << "it is still loading";
+  Choose("Equation");
+  EXPECT_TRUE(seen());
+  EXPECT_EQ(view.Widget().parentWidget()->accessibleDescription(), "");
+  Choose("Picture");
+  Choose("Equation");
+  EXPECT_FALSE(WaitUntil([&] { return !seen(); }, 600ms))
+      << "the words come late for a form that nobody sees";
+  view.answersShows = true;
+  view.brokenness = "MathJax could not be loaded.";
+  Choose("Picture");
+  EXPECT_FALSE(seen());
+  Choose("Equation");
+  EXPECT_TRUE(seen());
+}
+
 // A view that has to start first does not lose what is typed meanwhile, nor asks for it twice.
 TEST_F(LaTeXWindow, WaitsForAViewThatStarts) {
   view.answersShows = false;

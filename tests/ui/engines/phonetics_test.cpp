@@ -113,6 +113,26 @@ TEST_F(Phonetics, FindsTheWordAtOnceAndInsertsIt) {
   EXPECT_THAT(finder->Asked(), ElementsAre("English:hello"));
 }
 
+// The window comes with what is selected, which may be a text that must not leave the machine by itself.
+TEST_F(Phonetics, LooksForATextOnlyWhenAsked) {
+  for (const std::string& text : {std::string("dear diary"), std::string("a\u00A0b"), std::string(65, 'x')}) {
+    Open(text);
+    Press(Qt::Key_End);
+    Type("s");
+    EXPECT_FALSE(WaitUntil([this] { return !finder->Asked().empty(); }, 800ms)) << text;
+    Press(Qt::Key_Escape);
+    ASSERT_TRUE(WaitUntil([] { return OpenWindow<MWinPhonetics>() == nullptr; }));
+  }
+  closed = false;
+  Open("dear diary");
+  Press(Qt::Key_S, Qt::AltModifier);
+  ASSERT_TRUE(WaitForShown("[dear diary]"));
+  Press(Qt::Key_Escape);
+  ASSERT_TRUE(WaitUntil([] { return OpenWindow<MWinPhonetics>() == nullptr; }));
+  Open(std::string(64, 'x'));
+  EXPECT_TRUE(WaitUntil([this] { return finder->Asked().size() == 2; }));
+}
+
 // The box has its own names for the languages, in the order of the list; a language that is not in it selects
 // none, and then nothing is asked before one is chosen.
 TEST_F(Phonetics, OffersTheLanguages) {

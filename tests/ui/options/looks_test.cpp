@@ -15,6 +15,7 @@ using testing::IsEmpty;
 
 const std::pair<MWinOptions::Page, const char*> kPages[] = {{MWinOptions::Page::General, "options-general"},
                                                             {MWinOptions::Page::Pages, "options-pages-first"},
+                                                            {MWinOptions::Page::Tools, "options-tools"},
                                                             {MWinOptions::Page::HotKeys, "options-keys"},
                                                             {MWinOptions::Page::Account, "options-account"}};
 
@@ -51,6 +52,12 @@ std::vector<std::string> Clipped(const QWidget& page) {
   return clipped;
 }
 
+/// Layouts with wrapped texts take several passes, on a busy machine for a while.
+void Settle(const QWidget& page) {
+  ProcessEventsFor(20ms);
+  WaitUntil([&page] { return Clipped(page).empty(); }, 1s);
+}
+
 // Alt with a letter reaches one control, on every page.
 TEST_F(OptionsTest, GivesEveryControlALetterOfItsOwn) {
   facts.hotKeysPossible = false;
@@ -72,6 +79,13 @@ TEST(PageMnemonics, PutsALetterBehindOtherScripts) {
   EXPECT_EQ(FromQt(WithMnemonic(QStringLiteral("Change days"), taken)), "Change &days");
 }
 
+// A screen reader says the name of a field and not its punctuation, in any language.
+TEST(WithoutColon, LeavesTheName) {
+  EXPECT_EQ(FromQt(WithoutColon(QStringLiteral("Word:"))), "Word");
+  EXPECT_EQ(FromQt(WithoutColon(QStringLiteral("Langue\u00a0:"))), "Langue");
+  EXPECT_EQ(FromQt(WithoutColon(QStringLiteral("语言："))), "语言");
+}
+
 // Other languages need more room than English; no text may be cut off for it.
 TEST_F(OptionsTest, HasRoomForLongerTexts) {
   facts.settings.OnlineOneNoteUserPrincipalName = "a.very.long.name.of.somebody@a.long.domain.example.com";
@@ -91,13 +105,36 @@ TEST_F(OptionsTest, HasRoomForLongerTexts) {
       for (auto* button : tabs->currentWidget()->findChildren<QAbstractButton*>()) {
         if (!button->text().isEmpty()) lengthen(button);
       }
-      ProcessEventsFor(20ms);
+      Settle(*tabs->currentWidget());
       EXPECT_THAT(Clipped(*tabs->currentWidget()), IsEmpty()) << name;
       auto* area = qobject_cast<QScrollArea*>(tabs->currentWidget());
       if (isRoomy) {
         EXPECT_LE(area->widget()->width(), area->viewport()->width()) << name;
       }
       Picture(*window, std::string(name) + (isLong ? "-long" : ""));
+    }
+  }
+}
+
+// The texts that are there, in the size that the window opens with: nothing is cut off and nothing scrolls
+// sideways.
+TEST_F(OptionsTest, HasRoomForEveryLanguage) {
+  ASSERT_NE(Open(), nullptr);
+  const bool isRoomy = window->screen()->availableSize().width() > 640;
+  for (const char* language : {"de", "es", "fr", "ja", "zh-Hans"}) {
+    world.strings.UseLanguage(language);
+    window->Retranslate();
+    ASSERT_TRUE(WaitUntil([this] { return window->findChildren<QTabWidget*>().size() == 1; }));
+    const auto* tabs = window->findChild<QTabWidget*>();
+    for (const auto& [page, name] : kPages) {
+      window->ShowPage(page);
+      Settle(*tabs->currentWidget());
+      EXPECT_THAT(Clipped(*tabs->currentWidget()), IsEmpty()) << name << language;
+      auto* area = qobject_cast<QScrollArea*>(tabs->currentWidget());
+      if (isRoomy) {
+        EXPECT_LE(area->widget()->width(), area->viewport()->width()) << name << language;
+      }
+      Picture(*window, std::string(name) + "-" + language);
     }
   }
 }

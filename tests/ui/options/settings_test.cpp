@@ -1,7 +1,10 @@
 #include <QCheckBox>
+#include <QFile>
+#include <QFileDialog>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTabBar>
+#include <QTemporaryDir>
 
 #include "options_world.h"
 
@@ -59,6 +62,91 @@ TEST_F(OptionsTest, ChangesPageSettingsByKeyboard) {
   Type("x");
   Press(Qt::Key_Return);
   EXPECT_THAT(Asked(), ElementsAre("JournalDayFormat=x"));
+}
+
+// The same for the page of the tools.
+TEST_F(OptionsTest, ChangesToolSettingsByKeyboard) {
+  ASSERT_NE(Open(Page::Tools), nullptr);
+  EXPECT_THAT(UnnamedControls(*window), IsEmpty());
+  ASSERT_TRUE(TabTo("Program “highlight”"));
+  Type(" /opt/highlight ");
+  Press(Qt::Key_Tab);
+  EXPECT_THAT(Asked(), ElementsAre("HighlighterPath=/opt/highlight"));
+  ASSERT_TRUE(TabTo("Phonetics by speech synthesizer"));
+  Press(Qt::Key_Space);
+  EXPECT_THAT(Asked(), ElementsAre("Phonetics_Synthesizer=false"));
+  Press(Qt::Key_Tab);
+  Press(Qt::Key_Space);
+  EXPECT_THAT(Asked(), ElementsAre("Phonetics_Transliteration=false"));
+  ASSERT_TRUE(TabTo("Load MathJax from"));
+  Type("https://example.org");
+  Press(Qt::Key_Return);
+  EXPECT_THAT(Asked(), ElementsAre("MathJaxAddress=https://example.org"));
+}
+
+// Every row shows what is stored, not what is usual.
+TEST_F(OptionsTest, ShowsTheStoredToolSettings) {
+  facts.settings.HighlighterPath = "/opt/highlight";
+  facts.settings.Phonetics_Synthesizer = false;
+  facts.settings.MathJaxAddress = "https://example.org";
+  ASSERT_NE(Open(Page::Tools), nullptr);
+  const auto text = [this](const char* name) {
+    return FromQt(window->findChild<QLineEdit*>(QLatin1String(name))->text());
+  };
+  EXPECT_EQ(text("HighlighterPathControl"), "/opt/highlight");
+  EXPECT_EQ(text("MathJaxAddressControl"), "https://example.org");
+  EXPECT_FALSE(window->findChild<QCheckBox*>("Phonetics_SynthesizerControl")->isChecked());
+  EXPECT_TRUE(window->findChild<QCheckBox*>("Phonetics_TransliterationControl")->isChecked());
+}
+
+// The panel begins beside the program that is set; what is chosen there is saved at once.
+TEST_F(OptionsTest, ChoosesTheHighlighterInAPanel) {
+  const QTemporaryDir folder;
+  for (const char* name : {"old", "new"}) {
+    QFile file(folder.filePath(QLatin1String(name)));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  }
+  facts.settings.HighlighterPath = FromQt(folder.filePath(QStringLiteral("old")));
+  ASSERT_NE(Open(Page::Tools), nullptr);
+  ASSERT_TRUE(TabTo("Choose…"));
+  Press(Qt::Key_Space);
+  ASSERT_NE(WaitForWindow<QFileDialog>(), nullptr);
+  Press(Qt::Key_Escape);
+  ASSERT_EQ(WaitForWindow<MWinOptions>(), window);
+  EXPECT_THAT(Asked(), IsEmpty());
+  Press(Qt::Key_Space);
+  ASSERT_NE(WaitForWindow<QFileDialog>(), nullptr);
+  Type("new");
+  Press(Qt::Key_Return);
+  EXPECT_TRUE(WaitUntil([this] { return !asked.empty(); }));
+  EXPECT_THAT(Asked(), ElementsAre("HighlighterPath=" + FromQt(folder.filePath(QStringLiteral("new")))));
+}
+
+// An address that nothing can be loaded from is not saved. Nobody is told off in the middle of typing one.
+TEST_F(OptionsTest, RefusesAnAddressWithoutAHost) {
+  const std::string refused =
+      "MathJax cannot be loaded from “https://”. Enter https:// and a host, or nothing for the installed "
+      "files.";
+  ASSERT_NE(Open(Page::Tools), nullptr);
+  ASSERT_TRUE(TabTo("Load MathJax from"));
+  Type("https://");
+  ProcessEventsFor(700ms);
+  EXPECT_EQ(Shown(), "https://");
+  EXPECT_FALSE(IsRead(refused));
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Shown(), "");
+  EXPECT_TRUE(IsRead(refused));
+  Picture(*window, "options-tools-refused");
+  Type("https://example.org");
+  EXPECT_FALSE(IsRead(refused)) << "another try";
+  Press(Qt::Key_Return);
+  EXPECT_THAT(Asked(), ElementsAre("MathJaxAddress=https://example.org"));
+  Type("/path");
+  Press(Qt::Key_Escape);
+  EXPECT_TRUE(WaitUntil([] { return OpenWindow() == nullptr; }));
+  EXPECT_THAT(
+      Asked(),
+      ElementsAre(testing::HasSubstr("told: MathJax cannot be loaded from “https://example.org/path”")));
 }
 
 // The window that finds OneNote is only asked for where OneNote is found that way.
@@ -221,6 +309,8 @@ TEST_F(OptionsTest, TurnsPagesByKeys) {
   Press(Qt::Key_PageDown, Qt::ControlModifier);
   EXPECT_EQ(window->CurrentPage(), Page::Pages);
   EXPECT_TRUE(TabTo("Watch the number of pages"));
+  Press(Qt::Key_Tab, Qt::ControlModifier);
+  EXPECT_EQ(window->CurrentPage(), Page::Tools);
   Press(Qt::Key_Tab, Qt::ControlModifier);
   EXPECT_EQ(window->CurrentPage(), Page::HotKeys);
   ASSERT_TRUE(TabTo("Key for the selected action:"));

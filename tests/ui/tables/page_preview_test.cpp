@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QBuffer>
 #include <QFile>
 #include <QImage>
 #include <QScrollBar>
 #include <QTemporaryDir>
+#include <QUrl>
 
 #include "gui_world.h"
 #include "ui/kit/qt_text.h"
@@ -59,6 +61,31 @@ TEST(PagePreview, ShowsPicturesInsideTheTextAndReadsNothingElse) {
   EXPECT_EQ(RedPixels("<img src='data:image/svg+xml;base64," +
                       QByteArray::fromStdString(svg).toBase64().toStdString() + "'>"),
             0);
+}
+
+std::string DataAddress(const QImage& image, const char* type = "image/png") {
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  image.save(&buffer, "png");
+  return "data:" + std::string(type) + ";base64," + buffer.data().toBase64().toStdString();
+}
+
+// A page full of large pictures must not take the memory, nor the time of every key, to unpack them.
+TEST(PagePreview, KeepsFewAndSmallPictures) {
+  QImage wide(1200, 100, QImage::Format_RGB32);
+  wide.fill(Qt::red);
+  PagePreview preview;
+  const auto shown = [&](const std::string& address) {
+    return preview.loadResource(QTextDocument::ImageResource, QUrl(ToQt(address))).value<QImage>();
+  };
+  preview.ShowHtml("");
+  EXPECT_EQ(shown(DataAddress(wide)).size(), QSize(600, 50));
+  EXPECT_EQ(shown(DataAddress(wide, "image/svg+xml")).width(), 600) << "the bytes count, not the name";
+  EXPECT_EQ(shown(DataAddress(wide)).cacheKey(), shown(DataAddress(wide)).cacheKey()) << "unpacked again";
+  for (int i = 0; i < 36; ++i) EXPECT_EQ(shown(kRedPicture).width(), 4);
+  EXPECT_EQ(shown(kRedPicture).width(), 16) << "an empty frame";
+  preview.ShowHtml("");
+  EXPECT_EQ(shown(kRedPicture).width(), 4) << "another page";
 }
 
 // What is shown anew with each key must not jump back to its beginning.

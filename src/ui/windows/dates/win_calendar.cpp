@@ -4,7 +4,9 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalBlocker>
@@ -15,8 +17,8 @@
 #include <algorithm>
 
 #include "ui/kit/dark.h"
-#include "ui/kit/wrapped_label.h"
 #include "ui/kit/page_mnemonics.h"
+#include "ui/kit/wrapped_label.h"
 
 namespace quill::ui {
 namespace {
@@ -75,9 +77,12 @@ QCalendarWidget* MWinCalendar::NewPicker(const shell::CalendarRequest& request) 
   picker->setNavigationBarVisible(false);
   picker->setDateEditEnabled(false);
   // The view inside has the keyboard, so it is what a screen reader names.
-  picker->findChild<QTableView*>()->setAccessibleName(Text("strCalendarPicker"));
+  m_days = picker->findChild<QTableView*>();
+  m_days->setAccessibleName(Text("strCalendarPicker"));
+  // The picker's own signal also comes with a single click where the desktop opens files so.
+  m_days->installEventFilter(this);
+  m_days->viewport()->installEventFilter(this);
   connect(picker, &QCalendarWidget::selectionChanged, this, [this] { ShowSelection(); });
-  connect(picker, &QCalendarWidget::activated, this, [this] { FinishWith(Choice(Span::Month)); });
   return picker;
 }
 
@@ -127,7 +132,28 @@ void MWinCalendar::ShowSelection() {
   const QSignalBlocker year(m_year);
   m_month->setCurrentIndex(day.month() - 1);
   m_year->setValue(day.year());
-  m_picker->findChild<QTableView*>()->setAccessibleDescription(locale().toString(day));
+  m_days->setAccessibleDescription(locale().toString(day));
+}
+
+bool MWinCalendar::IsOnSelection(const QMouseEvent& press) const {
+  const QModelIndex cell = m_days->indexAt(press.pos());
+  return press.button() == Qt::LeftButton && cell.data().toInt() == m_picker->selectedDate().day();
+}
+
+bool MWinCalendar::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == m_days && event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Select) {
+      FinishWith(Choice(Span::Month));
+      return true;
+    }
+  }
+  if (watched == m_days->viewport() && event->type() == QEvent::MouseButtonDblClick &&
+      IsOnSelection(*static_cast<QMouseEvent*>(event))) {
+    FinishWith(Choice(Span::Month));
+    return true;
+  }
+  return AnswerWindow::eventFilter(watched, event);
 }
 
 void MWinCalendar::AddYearKey(const char* keys, int years) {

@@ -5,7 +5,9 @@
 class QCalendarWidget;
 class QComboBox;
 class QHBoxLayout;
+class QMouseEvent;
 class QSpinBox;
+class QTableView;
 
 namespace quill::ui {
 
@@ -19,6 +21,7 @@ class MWinCalendar final : public AnswerWindow<shell::CalendarChoice> {
 
  protected:
   void changeEvent(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   Result<shell::CalendarChoice, Problem> Read() override;
@@ -29,10 +32,12 @@ class MWinCalendar final : public AnswerWindow<shell::CalendarChoice> {
   void GiveLetters();
   void SelectMonth();
   void ShowSelection();
+  bool IsOnSelection(const QMouseEvent& press) const;
   void AddYearKey(const char* keys, int years);
   void ColourPicker();
 
   QCalendarWidget* m_picker = nullptr;
+  QTableView* m_days = nullptr;  ///< the picker's
   QComboBox* m_month;
   QSpinBox* m_year;
 };

@@ -4,8 +4,8 @@
 #include <QVBoxLayout>
 
 #include "tools/date_pattern.h"
-#include "ui/windows/dates/pattern_box.h"
 #include "ui/kit/page_mnemonics.h"
+#include "ui/windows/dates/pattern_box.h"
 
 namespace quill::ui {
 namespace {

@@ -59,6 +59,7 @@ void EquationPreview::Ask() {
   const std::weak_ptr<bool> isOpen = m_isOpen;
   if (Works(m_form)) {
     m_probed.reset();
+    ShowView();
     return m_view.Show(m_formula, m_form, [this, isOpen](const QString& problem) {
       if (!isOpen.expired()) emit Told(problem);
     });
@@ -74,19 +75,25 @@ void EquationPreview::Ask() {
 
 void EquationPreview::OnProbed(EquationForm form, const QString& problem) {
   m_probed.reset();
-  m_slow.stop();
   if (!problem.isEmpty()) {
     ShowWords(problem);
     emit Told({});
     return;
   }
   Works(form) = true;
-  m_stack->setCurrentWidget(m_widget);
+  ShowView();
   if (m_formula.isEmpty()) return emit Told({});
   Ask();
 }
 
+void EquationPreview::ShowView() {
+  m_slow.stop();
+  m_stack->setCurrentWidget(m_widget);
+  setAccessibleDescription({});
+}
+
 void EquationPreview::ShowWords(const QString& words) {
+  m_slow.stop();
   m_words->setText(words);
   m_stack->setCurrentWidget(m_words);
   setAccessibleDescription(words);

@@ -37,6 +37,7 @@ class EquationPreview final : public QFrame {
  private:
   void Ask();
   void OnProbed(tools::EquationForm form, const QString& problem);
+  void ShowView();
   void ShowWords(const QString& words);
   bool& Works(tools::EquationForm form);
   void NameForScreenReaders();

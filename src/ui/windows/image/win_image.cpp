@@ -15,9 +15,9 @@
 #include <cmath>
 
 #include "ui/kit/alert_box.h"
+#include "ui/kit/background.h"
 #include "ui/kit/elided_label.h"
 #include "ui/kit/qt_text.h"
-#include "ui/kit/background.h"
 #include "ui/windows/image/crop_bar.h"
 #include "ui/windows/image/picture_view.h"
 #include "ui/windows/image/picture_writer.h"

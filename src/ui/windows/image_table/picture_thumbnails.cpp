@@ -1,5 +1,8 @@
 #include "ui/windows/image_table/picture_thumbnails.h"
 
+#include <QCoreApplication>
+#include <QThreadPool>
+#include <chrono>
 #include <utility>
 
 #include "ui/kit/background.h"
@@ -12,6 +15,25 @@ constexpr qsizetype kMostKept = 500;
 /// More rows than a screen shows.
 constexpr qsizetype kMostWaiting = 100;
 constexpr qsizetype kMostReading = 2;
+constexpr std::chrono::milliseconds kPatienceAtTheEnd{500};
+
+/// The threads of all lists. A file on a disk that does not answer holds its thread for good, which must be
+/// none of those that other work waits for.
+///
+/// Never destroyed, because that would wait for such a file; a read that goes on is given a moment at the
+/// program's end.
+QThreadPool& ReadingThreads() {
+  static QThreadPool* const pool = [] {
+    auto* made = new QThreadPool;
+    made->setMaxThreadCount(kMostReading);
+    qAddPostRoutine([] {
+      ReadingThreads().clear();
+      ReadingThreads().waitForDone(static_cast<int>(kPatienceAtTheEnd.count()));
+    });
+    return made;
+  }();
+  return *pool;
+}
 
 }  // namespace
 
@@ -38,7 +60,7 @@ void PictureThumbnails::ReadNext() {
     m_reading.append(path);
     RunInBackground<PictureFacts>(
         this, [read = m_read, path = path.toStdString(), edge = m_edge] { return read(path, edge); },
-        [this, path](PictureFacts facts) { Keep(path, std::move(facts)); });
+        [this, path](PictureFacts facts) { Keep(path, std::move(facts)); }, ReadingThreads());
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QLabel>
+#include <QLocale>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStyle>
@@ -58,7 +59,8 @@ void SkippedLine::Add(const std::vector<tools::SkippedPath>& skipped) {
   }
   m_all->appendPlainText(lines);
   const std::string last = shell::SkippedText(m_strings, skipped.back());
-  m_words->SetText(ToQt(m_strings.Format("strImageTableLeftOut", {std::to_string(m_count), last})));
+  const std::string count = FromQt(QLocale().toString(static_cast<qulonglong>(m_count)));
+  m_words->SetText(ToQt(m_strings.Format("strImageTableLeftOut", {count, last})));
   show();
   QAccessibleEvent alert(m_words, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);

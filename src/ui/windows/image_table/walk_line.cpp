@@ -21,16 +21,15 @@ constexpr std::chrono::milliseconds kLook = 100ms;
 }  // namespace
 
 WalkLine::WalkLine(const shell::StringTable& strings, PictureWalk& walk)
-    : m_strings(strings), m_walk(walk), m_words(new QLabel) {
-  auto* bar = new QProgressBar;
-  bar->setRange(0, 0);
-  bar->setTextVisible(false);
-  bar->setFixedWidth(bar->fontMetrics().averageCharWidth() * 14);
+    : m_strings(strings), m_walk(walk), m_words(new QLabel), m_bar(new QProgressBar) {
+  m_bar->setRange(0, 0);
+  m_bar->setTextVisible(false);
+  m_bar->setFixedWidth(m_bar->fontMetrics().averageCharWidth() * 14);
   auto* stop = new QPushButton(ToQt(strings.Text("strImageTableStop")));
   stop->setAutoDefault(false);
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins({});
-  row->addWidget(bar);
+  row->addWidget(m_bar);
   row->addWidget(m_words, 1);
   row->addWidget(stop);
   hide();
@@ -47,6 +46,7 @@ void WalkLine::Tell() {
   m_timer.start(kLook);
   const QString found = QLocale().toString(static_cast<qulonglong>(m_walk.found()));
   m_words->setText(ToQt(m_strings.Format("strImageTableLooking", {FromQt(found)})));
+  if (!isVisible()) m_bar->setAccessibleName(m_words->text());
   show();
 }
 

@@ -5,6 +5,7 @@
 #include "shell/string_table.h"
 
 class QLabel;
+class QProgressBar;
 
 namespace quill::ui {
 
@@ -24,6 +25,7 @@ class WalkLine final : public QWidget {
   PictureWalk& m_walk;
   QTimer m_timer;
   QLabel* m_words;
+  QProgressBar* m_bar;
 };
 
 }  // namespace quill::ui

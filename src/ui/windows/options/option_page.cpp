@@ -36,12 +36,11 @@ void OptionPage::Add(SettingField* field, std::string_view labelKey) {
   auto* label = new QLabel(Text(labelKey));
   label->setBuddy(field->control());
   // The label and the control have different parents, so no screen reader would join them.
-  QString name = label->text();
-  while (name.endsWith(u':') || name.endsWith(u'：')) name.chop(1);
-  field->control()->setAccessibleName(name.trimmed());
+  const QString name = WithoutColon(label->text());
+  field->control()->setAccessibleName(name);
   // On Linux a combo box goes by its value.
   if (qobject_cast<QComboBox*>(field->control()) != nullptr) {
-    field->control()->setAccessibleDescription(name.trimmed());
+    field->control()->setAccessibleDescription(name);
   }
   // The form gives a label more height than its text needs and centres the text in it; it stands beside the
   // control, not beside what is under that.

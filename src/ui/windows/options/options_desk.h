@@ -32,7 +32,11 @@ class OptionsDesk : public std::enable_shared_from_this<OptionsDesk> {
   /// A setting as the user wants it: what was sent last while that is under way, else what is stored.
   std::string Text(std::string_view key) const;
 
-  /// Asks for a change, unless the setting is so already.
+  /// Whether the settings table lets the setting be this text.
+  bool Accepts(std::string_view key, std::string_view text) const;
+
+  /// Asks for a change, unless the setting is so already. What is refused by the settings table and has a
+  /// text of its own for that is not asked for: its problem is told at once.
   void Change(std::string_view key, const std::string& text);
 
  private:
@@ -41,6 +45,7 @@ class OptionsDesk : public std::enable_shared_from_this<OptionsDesk> {
     int count = 0;
   };
   OptionsDesk(const shell::StringTable& strings, OptionsFacts facts, OptionsHandlers handlers);
+  void Tell(std::string_view key, const std::string& problem);
   void Finish(const std::string& key, const std::string& text, const std::string& problem);
 
   const shell::StringTable& m_strings;

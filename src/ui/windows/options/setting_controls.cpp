@@ -2,7 +2,9 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHBoxLayout>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QVBoxLayout>
@@ -91,7 +93,7 @@ void ChoiceField::Show(const std::string& text) {
 void TypedField::StartTimerAfterTyping() {
   m_pause.setSingleShot(true);
   m_pause.setInterval(kPause);
-  connect(&m_pause, &QTimer::timeout, this, [this] { Commit(); });
+  connect(&m_pause, &QTimer::timeout, this, [this] { CommitAfterPause(); });
 }
 
 void TypedField::Typed() {
@@ -106,6 +108,11 @@ void TypedField::Commit() {
   if (!m_typed || !Read(text)) return;
   m_typed = false;
   Send(text);
+}
+
+void TypedField::CommitAfterPause() {
+  std::string text;
+  if (Read(text) && desk().Accepts(key(), text)) Commit();
 }
 
 NumberField::NumberField(OptionsDesk& desk, std::string_view key, const NumberRange& range)
@@ -139,12 +146,31 @@ bool NumberField::Read(std::string& text) {
   return true;
 }
 
-TextField::TextField(OptionsDesk& desk, std::string_view key) : TypedField(desk, key), m_edit(new QLineEdit) {
+TextField::TextField(OptionsDesk& desk, std::string_view key, OuterSpaces spaces)
+    : TypedField(desk, key), m_spaces(spaces), m_edit(new QLineEdit) {
   SetControl(m_edit);
   StartTimerAfterTyping();
   connect(m_edit, &QLineEdit::textEdited, this, [this] { Typed(); });
   connect(m_edit, &QLineEdit::editingFinished, this, [this] { Commit(); });
   Refresh();
+}
+
+void TextField::ShowWhenEmpty(const QString& text) {
+  m_edit->setPlaceholderText(text);
+}
+
+void TextField::AddButton(QPushButton* button) {
+  column().removeWidget(m_edit);
+  auto* row = new QHBoxLayout;
+  row->addWidget(m_edit, 1);
+  row->addWidget(button);
+  column().insertLayout(0, row);
+}
+
+void TextField::Enter(const std::string& text) {
+  m_edit->setText(ToQt(text));
+  Typed();
+  Commit();
 }
 
 void TextField::OnText(std::function<void(const std::string& text)> listener) {
@@ -159,7 +185,8 @@ void TextField::Show(const std::string& text) {
 }
 
 bool TextField::Read(std::string& text) {
-  text = FromQt(m_edit->text());
+  const QString typed = m_edit->text();
+  text = FromQt(m_spaces == OuterSpaces::Dropped ? typed.trimmed() : typed);
   return true;
 }
 

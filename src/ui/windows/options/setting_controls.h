@@ -11,6 +11,7 @@
 class QCheckBox;
 class QComboBox;
 class QLineEdit;
+class QPushButton;
 class QSpinBox;
 
 namespace quill::ui {
@@ -61,6 +62,9 @@ class TypedField : public SettingField {
   virtual bool Read(std::string& text) = 0;
 
  private:
+  /// Sends what was typed; what the setting cannot be is taken for half typed.
+  void CommitAfterPause();
+
   QTimer m_pause;
   bool m_typed = false;
 };
@@ -90,10 +94,20 @@ class NumberField final : public TypedField {
   QSpinBox* m_box;
 };
 
+/// Whether the spaces around a text belong to it.
+enum class OuterSpaces { Kept, Dropped };
+
 /// A text.
 class TextField final : public TypedField {
  public:
-  TextField(OptionsDesk& desk, std::string_view key);
+  TextField(OptionsDesk& desk, std::string_view key, OuterSpaces spaces = OuterSpaces::Kept);
+
+  /// Says what holds while nothing is entered.
+  void ShowWhenEmpty(const QString& text);
+  /// Puts a button behind the field.
+  void AddButton(QPushButton* button);
+  /// Changes the text as the user would.
+  void Enter(const std::string& text);
 
   /// Sets who is told the text at every key, and whenever it changes by itself.
   void OnText(std::function<void(const std::string& text)> listener);
@@ -102,6 +116,7 @@ class TextField final : public TypedField {
   void Show(const std::string& text) override;
   bool Read(std::string& text) override;
 
+  OuterSpaces m_spaces;
   QLineEdit* m_edit;
 };
 

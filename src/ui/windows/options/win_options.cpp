@@ -9,13 +9,14 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include "ui/kit/page_mnemonics.h"
 #include "ui/kit/qt_text.h"
 #include "ui/windows/options/account_page.h"
 #include "ui/windows/options/general_page.h"
 #include "ui/windows/options/hot_keys_field.h"
 #include "ui/windows/options/hot_keys_page.h"
-#include "ui/kit/page_mnemonics.h"
 #include "ui/windows/options/pages_page.h"
+#include "ui/windows/options/tools_page.h"
 
 namespace quill::ui {
 namespace {
@@ -59,6 +60,7 @@ void MWinOptions::Build(Page page) {
   m_tabs = new QTabWidget;
   AddPage(Page::General, new GeneralPage(*m_desk), "strOptionsPageGeneral");
   AddPage(Page::Pages, new PagesPage(*m_desk), "strOptionsPagePages");
+  AddPage(Page::Tools, new ToolsPage(*m_desk), "strOptionsPageTools");
   AddPage(Page::HotKeys, m_hotKeys = new HotKeysPage(*m_desk), "strOptionsPageHotKeys");
   AddPage(Page::Account, new AccountPage(*m_desk), "strOptionsPageAccount");
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);

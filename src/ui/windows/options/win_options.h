@@ -57,7 +57,7 @@ class MWinOptions final : public ToolWindow {
   QWidget* m_body = nullptr;
   QTabWidget* m_tabs = nullptr;
   HotKeysPage* m_hotKeys = nullptr;
-  std::array<OptionPage*, 4> m_pages{};
+  std::array<OptionPage*, 5> m_pages{};
 };
 
 }  // namespace quill::ui

@@ -1,5 +1,7 @@
 #include "ui/windows/phonetics/phonetic_search.h"
 
+#include <QString>
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -11,8 +13,15 @@ using namespace std::chrono_literals;
 /// Long enough that nobody's half-typed word goes to a dictionary.
 constexpr auto kPause = 600ms;
 constexpr auto kPatience = 500ms;
+constexpr std::size_t kShort = 64;  ///< in bytes: twenty Chinese characters
 
 }  // namespace
+
+bool PhoneticWord::isShort() const {
+  if (word.size() > kShort) return false;
+  const QString text = QString::fromStdString(word);
+  return std::none_of(text.begin(), text.end(), [](QChar c) { return c.isSpace(); });
+}
 
 PhoneticSearch::PhoneticSearch(shell::FindPhonetic find) : m_find(std::move(find)) {
   m_pause.setSingleShot(true);
@@ -30,7 +39,7 @@ void PhoneticSearch::Later(const PhoneticWord& word) {
   m_answer.reset();
   m_word = word;
   m_pause.stop();
-  if (word.isWhole()) m_pause.start();
+  if (word.isWhole() && word.isShort()) m_pause.start();
   Enter(SearchState::Idle);
 }
 

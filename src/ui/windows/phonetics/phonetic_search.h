@@ -15,6 +15,9 @@ struct PhoneticWord {
   std::string word;
 
   bool isWhole() const { return !language.empty() && !word.empty(); }
+  /// One short word without white space: nothing else goes to a service unless somebody asks for it, since a
+  /// selection may be a whole text that is nobody's business.
+  bool isShort() const;
   bool operator==(const PhoneticWord&) const = default;
 };
 
@@ -33,7 +36,7 @@ class PhoneticSearch final : public QObject {
   explicit PhoneticSearch(shell::FindPhonetic find);
 
   /// Ends the search for another word and begins this one when it has stayed the same for a moment. One that
-  /// is not whole is not looked for.
+  /// is not whole or not short is not looked for.
   void Later(const PhoneticWord& word);
 
   /// Begins at once, unless this word is being looked for already.

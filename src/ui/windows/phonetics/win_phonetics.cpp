@@ -60,7 +60,7 @@ MWinPhonetics::MWinPhonetics(const shell::StringTable& strings, const tools::Dic
   AssignMnemonics(*this, {});
   m_word->setFocus();
   m_word->selectAll();
-  m_search.Now(Word());
+  if (Word().isShort()) m_search.Now(Word());
 }
 
 void MWinPhonetics::AddControls(const shell::StringTable& strings, const shell::PhoneticsRequest& request) {
@@ -78,8 +78,8 @@ void MWinPhonetics::AddControls(const shell::StringTable& strings, const shell::
   form->addRow(Text("strPhoneticsWord"), row);
   form->addRow(Text("strPhoneticsLanguage"), m_language);
   qobject_cast<QLabel*>(form->labelForField(row))->setBuddy(m_word);
-  m_word->setAccessibleName(Text("strPhoneticsWord"));
-  m_language->setAccessibleName(Text("strPhoneticsLanguage"));
+  m_word->setAccessibleName(WithoutColon(Text("strPhoneticsWord")));
+  m_language->setAccessibleName(WithoutColon(Text("strPhoneticsLanguage")));
   m_view->setMinimumWidth(fontMetrics().averageCharWidth() * kWidthInCharacters);
   content().addLayout(form);
   content().addWidget(m_view, 1);

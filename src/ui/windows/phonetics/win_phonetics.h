@@ -14,7 +14,8 @@ namespace quill::ui {
 
 class PhoneticView;
 
-/// Finds the transcription of a word while it is typed. "Insert" before the search has ended closes the
+/// Finds the transcription of a short word at once and while it is typed, that of a longer text when "Search"
+/// or "Insert" is pressed. "Insert" before the search has ended closes the
 /// window when it ends with a transcription.
 class MWinPhonetics final : public AnswerWindow<shell::PhoneticChoice> {
   Q_OBJECT

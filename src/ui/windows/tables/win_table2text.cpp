@@ -4,9 +4,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "ui/kit/page_mnemonics.h"
 #include "ui/kit/qt_text.h"
 #include "ui/kit/wrapped_label.h"
-#include "ui/kit/page_mnemonics.h"
 #include "ui/windows/plain_text_view.h"
 #include "ui/windows/tables/separator_choice.h"
 

@@ -8,9 +8,9 @@
 
 #include "content/xml_serializer.h"
 #include "tools/table_style.h"
+#include "ui/kit/page_mnemonics.h"
 #include "ui/kit/page_preview.h"
 #include "ui/kit/qt_text.h"
-#include "ui/kit/page_mnemonics.h"
 #include "ui/windows/tables/table_style_icon.h"
 #include "ui/windows/tables/table_style_name.h"
 

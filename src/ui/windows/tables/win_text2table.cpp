@@ -7,10 +7,10 @@
 #include <QVBoxLayout>
 
 #include "content/unicode_text.h"
+#include "ui/kit/page_mnemonics.h"
 #include "ui/kit/page_preview.h"
 #include "ui/kit/qt_text.h"
 #include "ui/kit/wrapped_label.h"
-#include "ui/kit/page_mnemonics.h"
 #include "ui/windows/tables/separator_choice.h"
 #include "ui/windows/tables/table_excerpt.h"
 

@@ -6,8 +6,8 @@
 #include <QVBoxLayout>
 
 #include "tools/image_text.h"
-#include "ui/kit/qt_text.h"
 #include "ui/kit/page_mnemonics.h"
+#include "ui/kit/qt_text.h"
 #include "ui/windows/plain_text_view.h"
 #include "ui/windows/text/exact_text_edit.h"
 #include "ui/windows/text/quiet_note.h"

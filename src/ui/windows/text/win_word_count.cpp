@@ -7,9 +7,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "ui/kit/page_mnemonics.h"
 #include "ui/kit/qt_text.h"
 #include "ui/kit/wrapped_label.h"
-#include "ui/kit/page_mnemonics.h"
 #include "ui/windows/plain_text_view.h"
 #include "ui/windows/text/quiet_note.h"
 
