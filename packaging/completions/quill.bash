@@ -3,7 +3,7 @@ _quill() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command='' word
   for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
     case "$word" in
-      list | run | trigger | insert | title | normalize | denormalize | image-table | image-text | highlight | phonetics | settings | doctor) command=$word && break ;;
+      list | run | trigger | insert | title | normalize | denormalize | image-table | image-text | highlight | phonetics | link | settings | doctor) command=$word && break ;;
     esac
   done
   case "$previous" in
@@ -13,7 +13,7 @@ _quill() {
     get | set) COMPREPLY=($(compgen -W "$(quill settings list 2>/dev/null | cut -d' ' -f1)" -- "$current")) && return ;;
   esac
   case "$command" in
-    '') COMPREPLY=($(compgen -W "list run trigger insert title normalize denormalize image-table image-text highlight phonetics settings doctor --root --explain --stats --help --version" -- "$current")) ;;
+    '') COMPREPLY=($(compgen -W "list run trigger insert title normalize denormalize image-table image-text highlight phonetics link settings doctor --root --explain --stats --help --version" -- "$current")) ;;
     run | trigger)
       local flags="--tag"
       [ "$command" = run ] && flags="--in --fragment --text --out --file --tag --style --mode --separator --columns --rows --phonetic --json"

@@ -1,5 +1,5 @@
 # fish completion for quill
-set -l commands list run trigger insert title normalize denormalize image-table image-text highlight phonetics settings doctor
+set -l commands list run trigger insert title normalize denormalize image-table image-text highlight phonetics link settings doctor
 complete -c quill -f
 complete -c quill -n "not __fish_seen_subcommand_from $commands" -a "$commands"
 complete -c quill -l root -r -d 'Keep every folder below DIR'

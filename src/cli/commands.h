@@ -33,6 +33,7 @@ void AddCodec(CLI::App& app, Call& call);
 void AddImage(CLI::App& app, Call& call);
 void AddHighlight(CLI::App& app, Call& call);
 void AddPhonetics(CLI::App& app, Call& call);
+void AddLink(CLI::App& app, Call& call);
 void AddSettings(CLI::App& app, Call& call);
 void AddTrigger(CLI::App& app, Call& call);
 void AddDoctor(CLI::App& app, Call& call);

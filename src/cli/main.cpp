@@ -26,6 +26,7 @@ void AddCommands(CLI::App& app, Call& call) {
   quill::cli::AddImage(app, call);
   quill::cli::AddHighlight(app, call);
   quill::cli::AddPhonetics(app, call);
+  quill::cli::AddLink(app, call);
   quill::cli::AddSettings(app, call);
   quill::cli::AddTrigger(app, call);
   quill::cli::AddDoctor(app, call);

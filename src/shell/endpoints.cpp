@@ -15,6 +15,7 @@ void TakeFromEnvironment(const char* name, std::string& address) {
 Endpoints FindEndpoints() {
   Endpoints endpoints;
   TakeFromEnvironment("QUILL_WEBAPP_URL", endpoints.webApp);
+  TakeFromEnvironment("QUILL_DOCUMENT_HOST", endpoints.documentHost);
   return endpoints;
 }
 
