@@ -413,7 +413,7 @@ TEST_F(ImageTableWindow, TakesThousands) {
   view().MoveMarked(RowStep::Down);
   view().scrollToBottom();
   view().RemoveMarked();
-  EXPECT_LT(std::chrono::steady_clock::now() - begin, 5s)
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, 30s)
       << "milliseconds, but builds for debugging are slow";
   EXPECT_EQ(view().model()->rowCount(), kCount / 2);
   EXPECT_EQ(Listed().front(), "1.png");

@@ -71,7 +71,7 @@ TEST_F(TextWindow, ShowsALongLineInTime) {
   time.start();
   auto* window = Show(line);
   ASSERT_NE(window, nullptr);
-  EXPECT_LT(time.elapsed(), 4000);
+  EXPECT_LT(time.elapsed(), 20000) << "laid out as one line it takes minutes";
   Press(Qt::Key_Return);
   EXPECT_EQ(Clipboard().size(), line.size());
   auto* view = window->findChild<PlainTextView*>();

@@ -115,7 +115,7 @@ TEST_F(Text2TableWindow, WarnsOfSizesThatCannotBe) {
   QElapsedTimer time;
   time.start();
   TypeColumns(window, "9999999999");
-  EXPECT_LT(time.elapsed(), 2000);
+  EXPECT_LT(time.elapsed(), 10000);
   EXPECT_EQ(Sizes(window), "9999999999x1");
   EXPECT_THAT(Problem(window), HasSubstr("more than 1,000,000 cells"));
   Picture(*window, "text2table-clamped");
@@ -159,7 +159,7 @@ TEST_F(Text2TableWindow, ALargeTextIsCutForThePreview) {
       const TableExcerpt excerpt = ExcerptOfTable(text, {mode, ""}, "10", "30000");
       preview.ShowHtml(excerpt.html);
       preview.grab();
-      EXPECT_LT(time.elapsed(), 1000);
+      EXPECT_LT(time.elapsed(), 10000);
       EXPECT_TRUE(excerpt.isPart);
       EXPECT_LT(excerpt.html.size(), 20'000u);
     }
