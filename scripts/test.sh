@@ -18,5 +18,5 @@ build asan-ubsan all
 ctest --preset asan-ubsan -j 2 --no-tests=error
 step "debug build, lint and all tests"
 build check all
-scripts/lint.sh
+scripts/lint.sh core
 ctest --preset check -j 2 --no-tests=error
