@@ -9,11 +9,11 @@
 #include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
 #include <algorithm>
-#include <csignal>
 #include <utility>
 
 #include "equation/equation_bridge.h"
 #include "equation/mathjax_source.h"
+#include "platform/posix/end_process.h"
 #include "tools/latex_page.h"
 
 namespace quill::equation {
@@ -215,16 +215,11 @@ void EquationPage::FailAll(const QString& words) {
 void EquationPage::OnDeadline() {
   if (m_state == State::Loading) return FailAll(Words("errMathJaxNotLoaded"));
   ++m_round;
-  if (EndProcess()) {
+  if (platform::EndProcess(renderProcessPid())) {
     m_state = State::Ending;  // until it is lost
   } else {
     StartAnew("errEquationSlow");
   }
-}
-
-bool EquationPage::EndProcess() {
-  const qint64 process = renderProcessPid();
-  return process > 0 && ::kill(static_cast<pid_t>(process), SIGKILL) == 0;
 }
 
 void EquationPage::StartAnew(const char* reason) {

@@ -67,7 +67,6 @@ class EquationPage final : public QWebEnginePage {
   void ReadPicture();
   void OnDeadline();
   void OnLost();
-  bool EndProcess();
   void StartAnew(const char* reason);
   void Finish(const Typeset& typeset);
   void FailAll(const QString& words);

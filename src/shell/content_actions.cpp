@@ -7,6 +7,7 @@
 #include "shell/command_table.h"
 #include "shell/content_requests.h"
 #include "shell/onenote_main.h"
+#include "shell/save_notice.h"
 #include "shell/skipped_pictures.h"
 #include "tools/calendar.h"
 #include "tools/image_table.h"
@@ -14,10 +15,6 @@
 
 namespace quill::shell {
 namespace {
-
-void SayNotSaved(CommandContext& context, const Status<>& saved) {
-  context.services.ui.ShowMessage(context.services.strings.Format("errSaveSettings", {saved.error()}));
-}
 
 /// Reads the pictures while the user watches, and can stop it.
 tools::ImageTableBuild Build(CommandContext& context, const ImageTableChoice& chosen) {
@@ -35,9 +32,8 @@ void RememberImageTable(CommandContext& context, const tools::ImageTableStyle& s
   Settings& settings = context.globals.settings;
   settings.ImageTableHorizontalArrange = style.layout == tools::ImageLayout::Horizontal ? 1 : 0;
   settings.ImageTableShowFileName = style.names == tools::ImageNames::Shown ? 1 : 0;
-  const Status<> saved =
-      SaveSettingRows(context.globals, {"ImageTableHorizontalArrange", "ImageTableShowFileName"});
-  if (!saved.ok()) SayNotSaved(context, saved);
+  SayUnlessSaved(context.services,
+                 SaveSettingRows(context.globals, {"ImageTableHorizontalArrange", "ImageTableShowFileName"}));
 }
 
 }  // namespace
@@ -54,7 +50,7 @@ void DateTimeFormat(CommandContext& context, const CommandRow&) {
   if (saved.ok()) return;
   settings.DateFormat = before.date;
   settings.TimeFormat = before.time;
-  SayNotSaved(context, saved);
+  SayUnlessSaved(context.services, saved);
 }
 
 void CalendarOfChoice(CommandContext& context, const CommandRow&) {

@@ -11,6 +11,7 @@
 #include "shell/equation_request.h"
 #include "shell/highlighter.h"
 #include "shell/onenote_main.h"
+#include "shell/save_notice.h"
 #include "shell/transform_table.h"
 #include "tools/phonetics.h"
 #include "tools/recent_formulas.h"
@@ -19,11 +20,6 @@ namespace quill::shell {
 namespace {
 
 constexpr std::int64_t kInsertHtml = 23;
-
-void SayUnlessSaved(Services& services, const Status<>& saved) {
-  if (saved.ok()) return;
-  services.ui.ShowMessage(services.strings.Format("errSaveSettings", {saved.error()}));
-}
 
 tools::HighlightRequest RememberedLook(const Settings& settings) {
   tools::HighlightRequest look;
@@ -77,15 +73,16 @@ FindPhonetic PhoneticSearch(const Engines& engines, const Settings& settings) {
     if (engines.processes == nullptr || engines.http == nullptr) return tools::PhoneticAnswer();
     return tools::FindPhonetic(
         {language, word, tools::FirstDictionarySet(engines.preferredLanguage), isCancelled},
-        tools::DictionaryHostsOfEnvironment(), resorts, *engines.http, *engines.processes);
+        engines.dictionaries, resorts, *engines.http, *engines.processes);
   };
 }
 
 std::optional<std::string> AskForPhonetic(TransformContext& context, const std::string& word) {
   Settings& settings = context.globals.settings;
   const auto chosen = platform::RunDialog(
-      context.services.ui, PhoneticsRequest{word, settings.Phonetics_Language,
-                                            PhoneticSearch(context.services.engines, settings)});
+      context.services.ui,
+      PhoneticsRequest{word, settings.Phonetics_Language, PhoneticSearch(context.services.engines, settings),
+                       context.services.engines.dictionaries});
   if (!chosen) return std::nullopt;
   if (settings.Phonetics_Language != chosen->language) {
     settings.Phonetics_Language = chosen->language;

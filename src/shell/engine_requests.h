@@ -50,6 +50,7 @@ struct PhoneticsRequest {
   std::string word;
   std::string language;  ///< one of `tools::PhoneticLanguages`; another selects none
   FindPhonetic find;
+  tools::DictionaryHosts hosts = {};  ///< by which the dictionaries that answer are named
 };
 
 }  // namespace quill::shell

@@ -5,6 +5,7 @@
 
 #include "platform/http.h"
 #include "platform/process_runner.h"
+#include "tools/phonetics_dictionaries.h"
 
 namespace quill::shell {
 
@@ -15,6 +16,7 @@ struct Engines {
   std::shared_ptr<platform::Http> http;
   std::shared_ptr<std::timed_mutex> highlighting =
       std::make_shared<std::timed_mutex>();  ///< held by a run of the highlighter
+  tools::DictionaryHosts dictionaries;       ///< what somebody has named; none from the start
   std::string preferredLanguage;             ///< the first of the system's, such as "zh-Hans-CN"
 };
 

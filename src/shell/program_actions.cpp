@@ -5,6 +5,7 @@
 #include "shell/command_table.h"
 #include "shell/embedded_files.h"
 #include "shell/onenote_main.h"
+#include "shell/save_notice.h"
 #include "shell/window_requests.h"
 
 namespace quill::shell {
@@ -32,7 +33,7 @@ void StartWithMonday(CommandContext& context, const CommandRow&) {
   const Status<> saved = SaveSettings(context.globals);
   if (saved.ok()) return;
   monday = !monday;
-  context.services.ui.ShowMessage(context.services.strings.Format("errSaveSettings", {saved.error()}));
+  SayUnlessSaved(context.services, saved);
 }
 
 void InsertHorizontalLine(CommandContext& context, const CommandRow&) {

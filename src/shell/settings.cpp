@@ -69,7 +69,7 @@ constexpr SettingRow kTable[] = {
      IsColour, "a colour as #RRGGBB"},
     {"Syntax_Bold", &S::Syntax_Bold, SaveSettings, false, "Highlighting: bold"},
     {"HighlighterPath", &S::HighlighterPath, SaveSettings, false,
-     "Highlighting: the program, instead of the one that is found"},
+     "Highlighting: the program, when there is none at its fixed path; empty for the one on PATH"},
     {"TableStyle_SelectIndex", &S::TableStyle_SelectIndex, SaveSettings, false, "Last chosen table style"},
     {"Phonetics_Language", &S::Phonetics_Language, SaveSettings, false, "Language of the phonetic symbols"},
     {"Phonetics_Synthesizer", &S::Phonetics_Synthesizer, SaveSettings, false,

@@ -5,6 +5,7 @@
 
 #include "content/element_lookup.h"
 #include "shell/content_requests.h"
+#include "shell/save_notice.h"
 #include "shell/transform_table.h"
 #include "tools/table_copy.h"
 #include "tools/table_style.h"
@@ -21,9 +22,7 @@ void SayNoTable(TransformContext& context) {
 
 /// Keeps what a dialog shall begin with the next time.
 void Remember(TransformContext& context, std::initializer_list<std::string_view> keys) {
-  const Status<> saved = SaveSettingRows(context.globals, keys);
-  if (saved.ok()) return;
-  context.bridge.ShowMessage(context.services.strings.Format("errSaveSettings", {saved.error()}));
+  SayUnlessSaved(context.services, SaveSettingRows(context.globals, keys));
 }
 
 /// The style that the user gives this table; null when they do not want to.

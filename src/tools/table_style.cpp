@@ -1,5 +1,6 @@
 #include "tools/table_style.h"
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -8,30 +9,24 @@
 namespace quill::tools {
 namespace {
 
-/// The `style` values that one scheme writes.
+/// The `style` values that one scheme writes, made once: rows after the third repeat the second and third.
 class CellStyles {
  public:
-  explicit CellStyles(const TableStyle& style)
-      : m_header(Declaration(style.headerRow)),
-        m_firstColumn(Declaration(style.firstColumn)),
-        m_odd(Declaration(style.oddRows)),
-        m_even(Declaration(style.evenRows)) {}
+  explicit CellStyles(const TableStyle& style) {
+    for (std::size_t row = 0; row < m_values.size(); ++row) {
+      for (const bool isFirst : {false, true}) {
+        const std::string_view color = CellColor(style, static_cast<std::int64_t>(row) + 1, isFirst);
+        if (!color.empty()) m_values[row][isFirst] = std::string("background-color:").append(color);
+      }
+    }
+  }
 
   const std::string& ForCell(std::int64_t row, bool isFirst) const {
-    if (row == 1 && !m_header.empty()) return m_header;
-    if (isFirst && !m_firstColumn.empty()) return m_firstColumn;
-    return row % 2 != 0 ? m_odd : m_even;
+    return m_values[row == 1 ? 0 : row % 2 == 0 ? 1 : 2][isFirst];
   }
 
  private:
-  static std::string Declaration(std::string_view color) {
-    return color.empty() ? "" : std::string("background-color:").append(color);
-  }
-
-  std::string m_header;
-  std::string m_firstColumn;
-  std::string m_odd;
-  std::string m_even;
+  std::array<std::array<std::string, 2>, 3> m_values;
 };
 
 /// Colours the cells of row number `index`; what is no cell is searched for cells as if it were a row.
@@ -58,6 +53,12 @@ void ChangeStyle_TR(pugi::xml_node row, std::int64_t index, const CellStyles& st
 }
 
 }  // namespace
+
+std::string_view CellColor(const TableStyle& style, std::int64_t row, bool isFirstInRow) {
+  if (row == 1 && !style.headerRow.empty()) return style.headerRow;
+  if (isFirstInRow && !style.firstColumn.empty()) return style.firstColumn;
+  return row % 2 != 0 ? style.oddRows : style.evenRows;
+}
 
 void ChangeStyle(pugi::xml_node table, const TableStyle& style) {
   const CellStyles styles(style);

@@ -7,6 +7,10 @@
 
 namespace quill::tools {
 
+/// The colour that a style gives a cell: the header's in row 1, the first column's, otherwise that of odd or
+/// even rows. `row` counts from 1. O(1).
+std::string_view CellColor(const TableStyle& style, std::int64_t row, bool isFirstInRow);
+
 /// Colours the cells of a table in place: the header colour for its first row, the first-column colour for
 /// the first cell of a row, otherwise the colour of odd or even rows.
 ///

@@ -50,17 +50,14 @@ std::string_view FirstLineWithText(std::string_view text) {
   return {};
 }
 
-std::string_view SeparatorOf(const TextTableCut& cut) {
-  switch (cut.mode) {
-    case TextTableMode::Tabs:
-      return "\t";
-    case TextTableMode::Other:
-      return cut.other;
-    case TextTableMode::Paragraphs:
-    case TextTableMode::Commas:
-      break;
-  }
-  return ",";
+/// A size as it was typed; what is no number is 0.
+std::int64_t SizeIn(std::string_view field) {
+  return std::max<std::int64_t>(0, content::LeadingInteger(field));
+}
+
+/// Rows without cells are still rows, so without columns the limit is on their number.
+std::int64_t MostRows(std::int64_t columns) {
+  return kMostTableCells / std::max<std::int64_t>(1, columns);
 }
 
 /// The quotient rounded up, for divisors of either sign.
@@ -121,18 +118,33 @@ TableSizeFields GetColumnsRows(std::string_view text, const TextTableCut& cut, s
   return fields;
 }
 
+std::string_view SeparatorOf(const TextTableCut& cut) {
+  switch (cut.mode) {
+    case TextTableMode::Tabs:
+      return "\t";
+    case TextTableMode::Other:
+      return cut.other;
+    case TextTableMode::Paragraphs:
+    case TextTableMode::Commas:
+      break;
+  }
+  return ",";
+}
+
+bool ExceedsMostCells(std::string_view columnsField, std::string_view rowsField) {
+  const std::int64_t columns = SizeIn(columnsField);
+  const std::int64_t rows = SizeIn(rowsField);
+  return rows > 0 && (columns > kMostTableCells || rows > MostRows(columns));
+}
+
 TextTable CreateTable(std::string_view text, const TextTableCut& cut, std::string_view columnsField,
                       std::string_view rowsField) {
   TextTable table{std::string(kPageBegin)};
   table.html.reserve(text.size() * 2);
   if (cut.mode == TextTableMode::Paragraphs) {
-    const std::int64_t columns = std::max<std::int64_t>(0, content::LeadingInteger(columnsField));
-    const std::int64_t rows = std::max<std::int64_t>(0, content::LeadingInteger(rowsField));
-    const std::int64_t mostColumns = std::min(columns, kMostTableCells);
-    // Rows without cells are still rows, so without columns the limit is on their number.
-    const std::int64_t mostRows = std::min(rows, kMostTableCells / std::max<std::int64_t>(1, mostColumns));
-    table.isClamped = rows > 0 && (mostColumns < columns || mostRows < rows);
-    AppendTableByParagraph(table.html, text, mostColumns, mostRows);
+    const std::int64_t columns = std::min(SizeIn(columnsField), kMostTableCells);
+    table.isClamped = ExceedsMostCells(columnsField, rowsField);
+    AppendTableByParagraph(table.html, text, columns, std::min(SizeIn(rowsField), MostRows(columns)));
   } else {
     AppendTableBySeparator(table.html, text, SeparatorOf(cut));
   }

@@ -22,6 +22,12 @@ struct TextTableCut {
   std::string_view other;
 };
 
+/// What separates the pieces of a line: a tab, the text of `Other`, or a comma. Means nothing by paragraphs.
+std::string_view SeparatorOf(const TextTableCut& cut);
+
+/// Whether a table by paragraphs of this size has more than `kMostTableCells`.
+bool ExceedsMostCells(std::string_view columnsField, std::string_view rowsField);
+
 /// Which field of the dialog caused the sizes to be worked out again.
 enum class EditedField { Columns, Another };
 

@@ -13,26 +13,14 @@
 #include "ui/windows/text/win_word_count.h"
 
 namespace quill::ui {
-namespace {
-
-/// The dialog of a request that needs nothing but texts.
-template <class Request, class Window>
-void Add(WindowFactory& windows, const shell::StringTable& strings) {
-  windows.AddDialog<Request>([&strings](const Request& request, typename Window::Done done) {
-    return new Window(strings, request, std::move(done));
-  });
-}
-
-}  // namespace
-
 void AddContentWindows(WindowFactory& windows, const shell::StringTable& strings, PanelMemory& panels) {
-  Add<shell::TableStyleRequest, MWinTableStyle>(windows, strings);
-  Add<shell::Table2TextRequest, MWinTable2Text>(windows, strings);
-  Add<shell::Text2TableRequest, MWinText2Table>(windows, strings);
-  Add<shell::CountRequest, MWinWordCount>(windows, strings);
-  Add<shell::DateTimeFormatRequest, MWinDateTimeFormat>(windows, strings);
-  Add<shell::CalendarRequest, MWinCalendar>(windows, strings);
-  Add<shell::ImageTextRequest, MWinImageOCRText>(windows, strings);
+  windows.AddPlainDialog<shell::TableStyleRequest, MWinTableStyle>(strings);
+  windows.AddPlainDialog<shell::Table2TextRequest, MWinTable2Text>(strings);
+  windows.AddPlainDialog<shell::Text2TableRequest, MWinText2Table>(strings);
+  windows.AddPlainDialog<shell::CountRequest, MWinWordCount>(strings);
+  windows.AddPlainDialog<shell::DateTimeFormatRequest, MWinDateTimeFormat>(strings);
+  windows.AddPlainDialog<shell::CalendarRequest, MWinCalendar>(strings);
+  windows.AddPlainDialog<shell::ImageTextRequest, MWinImageOCRText>(strings);
   windows.AddDialog<shell::ImageTableRequest>(
       [&](const shell::ImageTableRequest& request, MWinImageTable::Done done) {
         return new MWinImageTable(strings, panels, request, std::move(done));

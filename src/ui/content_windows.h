@@ -1,6 +1,4 @@
 #pragma once
-#include <functional>
-#include <string>
 
 namespace quill::shell {
 class StringTable;
@@ -10,13 +8,6 @@ namespace quill::ui {
 
 struct PanelMemory;
 class WindowFactory;
-
-class EquationHost;
-
-/// Adds the dialogs of `shell/engine_requests.h` and `shell/equation_request.h`; `tell` shows a text when the
-/// web views cannot be loaded. What is passed in must outlive the factory. GUI thread.
-void AddEngineWindows(WindowFactory& windows, const shell::StringTable& strings, EquationHost& equations,
-                      std::function<void(const std::string&)> tell);
 
 /// Adds the dialogs of `shell/content_requests.h`. What is passed in must outlive the factory. GUI thread.
 void AddContentWindows(WindowFactory& windows, const shell::StringTable& strings, PanelMemory& panels);

@@ -1,7 +1,7 @@
+#include "ui/engine_windows.h"
+
 #include "shell/engine_requests.h"
 #include "shell/equation_request.h"
-#include "tools/phonetics_dictionaries.h"
-#include "ui/content_windows.h"
 #include "ui/equation_host.h"
 #include "ui/kit/window_factory.h"
 #include "ui/windows/equation/win_latex.h"
@@ -12,14 +12,8 @@ namespace quill::ui {
 
 void AddEngineWindows(WindowFactory& windows, const shell::StringTable& strings, EquationHost& equations,
                       std::function<void(const std::string&)> tell) {
-  windows.AddDialog<shell::SyntaxHighlightRequest>(
-      [&strings](const shell::SyntaxHighlightRequest& request, MWinSyntaxHighlight::Done done) {
-        return new MWinSyntaxHighlight(strings, request, std::move(done));
-      });
-  windows.AddDialog<shell::PhoneticsRequest>(
-      [&strings](const shell::PhoneticsRequest& request, MWinPhonetics::Done done) {
-        return new MWinPhonetics(strings, tools::DictionaryHostsOfEnvironment(), request, std::move(done));
-      });
+  windows.AddPlainDialog<shell::SyntaxHighlightRequest, MWinSyntaxHighlight>(strings);
+  windows.AddPlainDialog<shell::PhoneticsRequest, MWinPhonetics>(strings);
   windows.AddDialog<shell::EquationRequest>(
       [&strings, &equations, tell](const shell::EquationRequest& request, MWinLaTeX::Done done) -> QWidget* {
         const Result<EquationView*> view = equations.View(request.mathJaxAddress);

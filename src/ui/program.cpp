@@ -21,6 +21,7 @@ shell::Engines OpenEngines() {
   shell::Engines engines;
   engines.processes = std::make_shared<platform::PosixProcessRunner>();
   engines.http = std::make_shared<platform::CurlHttp>();
+  engines.dictionaries = tools::DictionaryHostsOfEnvironment();
   const std::vector<std::string> languages = platform::PreferredLanguages();
   if (!languages.empty()) engines.preferredLanguage = languages.front();
   return engines;

@@ -2,6 +2,7 @@
 
 #include "shell/window_requests.h"
 #include "ui/content_windows.h"
+#include "ui/engine_windows.h"
 #include "ui/program.h"
 #include "ui/windows/image/win_image.h"
 #include "ui/windows/win_about.h"

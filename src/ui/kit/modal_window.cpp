@@ -55,6 +55,13 @@ void ModalWindow::SetOkText(std::string_view key) {
   okButton().setText(Text(key));
 }
 
+void ModalWindow::OnlyClose() {
+  m_buttons->setStandardButtons(QDialogButtonBox::Close);
+  QPushButton* close = m_buttons->button(QDialogButtonBox::Close);
+  close->setText(Text("strClose"));
+  close->setDefault(true);
+}
+
 QPushButton& ModalWindow::AddButton(std::string_view key, QDialogButtonBox::ButtonRole role) {
   return *m_buttons->addButton(Text(key), role);
 }

@@ -57,6 +57,10 @@ class ModalWindow : public QDialog {
   /// Gives OK a text that says what it does ("Insert").
   void SetOkText(std::string_view key);
 
+  /// Leaves one standard button, Close, in place of OK and Cancel, for a window that only shows something. It
+  /// rejects the window, as Escape does.
+  void OnlyClose();
+
   /// One more button in the row. Connect its `clicked`; it closes nothing by itself.
   QPushButton& AddButton(std::string_view key,
                          QDialogButtonBox::ButtonRole role = QDialogButtonBox::ActionRole);

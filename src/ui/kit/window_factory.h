@@ -7,6 +7,8 @@
 #include <typeindex>
 #include <utility>
 
+#include "shell/string_table.h"
+
 namespace quill::ui {
 
 /// Which window belongs to which request. Filled at start, used on the GUI thread.
@@ -28,6 +30,14 @@ class WindowFactory {
                     answer(given ? std::any(std::move(*given)) : std::any());
                   });
     };
+  }
+
+  /// As above for a dialog that is made of its texts, its request and the taker of its answer.
+  template <class Request, class Window>
+  void AddPlainDialog(const shell::StringTable& strings) {
+    AddDialog<Request>([&strings](const Request& request, typename Window::Done done) {
+      return new Window(strings, request, std::move(done));
+    });
   }
 
   /// Names the function that makes or finds the window of a request type that nobody waits for.

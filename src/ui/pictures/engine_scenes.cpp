@@ -59,7 +59,7 @@ Look OpenPhonetics(Studio& studio) {
     answer.source = tools::PhoneticSource::SpeechSynthesizer;
     return answer;
   };
-  auto* window = new MWinPhonetics(studio.strings, {}, {"courgette", "English", find},
+  auto* window = new MWinPhonetics(studio.strings, {"courgette", "English", find},
                                    [](const std::optional<shell::PhoneticChoice>&) {});
   BringToFront(*window);
   return [window = QPointer(window)]() -> QList<QWidget*> {

@@ -64,10 +64,11 @@ class Phonetics : public testing::Test {
   ~Phonetics() override { finder->isHeld = false; }
 
   void Open(const std::string& word = "hello", const std::string& language = "English") {
-    shell::PhoneticsRequest request{word, language, [finder = finder](auto& l, auto& w, auto& isCancelled) {
-                                      return (*finder)(l, w, isCancelled);
-                                    }};
-    window = new MWinPhonetics(world.strings, hosts, request, [this](auto given) {
+    shell::PhoneticsRequest request{
+        word, language,
+        [finder = finder](auto& l, auto& w, auto& isCancelled) { return (*finder)(l, w, isCancelled); },
+        hosts};
+    window = new MWinPhonetics(world.strings, request, [this](auto given) {
       answer = std::move(given);
       closed = true;
     });

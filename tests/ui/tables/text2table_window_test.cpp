@@ -195,7 +195,7 @@ TEST(TableExcerpt, KnowsWhichSizesAreClamped) {
       {"1000", "1000"}, {"1000", "1001"}, {"1000001", "1"},    {"0", "1000001"}, {"-1", "5"},
       {"3", "-1"},      {"x", "5"},       {"9999999999", "0"}, {"2", "3"}};
   for (const auto& [columns, rows] : sizes) {
-    EXPECT_EQ(ExceedsMostCells(columns, rows), tools::CreateTable("a", {}, columns, rows).isClamped)
+    EXPECT_EQ(tools::ExceedsMostCells(columns, rows), tools::CreateTable("a", {}, columns, rows).isClamped)
         << columns << " x " << rows;
   }
 }

@@ -38,12 +38,12 @@ QString NameOf(std::string_view language, const shell::StringTable& strings) {
 
 }  // namespace
 
-MWinPhonetics::MWinPhonetics(const shell::StringTable& strings, const tools::DictionaryHosts& hosts,
-                             const shell::PhoneticsRequest& request, Done done)
+MWinPhonetics::MWinPhonetics(const shell::StringTable& strings, const shell::PhoneticsRequest& request,
+                             Done done)
     : AnswerWindow(strings, "titlePhonetics", std::move(done)),
       m_word(new QLineEdit(ToQt(request.word))),
       m_language(new QComboBox),
-      m_view(new PhoneticView(strings, hosts)),
+      m_view(new PhoneticView(strings, request.hosts)),
       m_search(request.find) {
   AddControls(strings, request);
   SetOkText("strInsert");

@@ -21,8 +21,7 @@ class MWinPhonetics final : public AnswerWindow<shell::PhoneticChoice> {
   Q_OBJECT
  public:
   /// `hosts` names the dictionaries that have answered.
-  MWinPhonetics(const shell::StringTable& strings, const tools::DictionaryHosts& hosts,
-                const shell::PhoneticsRequest& request, Done done);
+  MWinPhonetics(const shell::StringTable& strings, const shell::PhoneticsRequest& request, Done done);
 
   /// Cancel, Escape, and the window's close button: after an "Insert" that found nothing, the language is
   /// still an answer.

@@ -3,13 +3,12 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
-#include <QVBoxLayout>
 #include <chrono>
 
 #include "tools/detect_language.h"
+#include "ui/kit/labelled_part.h"
 #include "ui/kit/page_mnemonics.h"
 #include "ui/kit/qt_text.h"
 #include "ui/windows/syntax/busy_line.h"
@@ -55,13 +54,8 @@ QWidget* MWinSyntaxHighlight::NewPage() {
 }
 
 QWidget* MWinSyntaxHighlight::NewCodePart() {
-  auto* part = new QWidget;
-  auto* column = new QVBoxLayout(part);
-  column->setContentsMargins({});
-  auto* label = new QLabel(Text("strSyntaxCode"));
-  label->setBuddy(m_code);
+  auto* part = new LabelledPart(Text("strSyntaxCode"), m_code);
   m_code->setObjectName(QStringLiteral("code"));
-  m_code->setAccessibleName(label->text());
   m_code->setLineWrapMode(QPlainTextEdit::NoWrap);
   m_code->setLayoutDirection(Qt::LeftToRight);
   m_code->setMinimumWidth(fontMetrics().averageCharWidth() * 30);
@@ -69,9 +63,7 @@ QWidget* MWinSyntaxHighlight::NewCodePart() {
   paste->setObjectName(QStringLiteral("paste"));
   paste->setAutoDefault(false);
   connect(paste, &QPushButton::clicked, this, &MWinSyntaxHighlight::Paste);
-  column->addWidget(label);
-  column->addWidget(m_code, 1);
-  column->addWidget(paste, 0, Qt::AlignLeading);
+  part->column().addWidget(paste, 0, Qt::AlignLeading);
   m_preview->SetNoteHeight(paste->sizeHint().height());
   return part;
 }

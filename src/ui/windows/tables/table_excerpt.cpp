@@ -17,11 +17,6 @@ std::int64_t SizeIn(std::string_view field) {
   return std::max<std::int64_t>(0, content::LeadingInteger(field));
 }
 
-std::string_view SeparatorOf(const tools::TextTableCut& cut) {
-  if (cut.mode == tools::TextTableMode::Tabs) return "\t";
-  return cut.mode == tools::TextTableMode::Other ? cut.other : ",";
-}
-
 /// Takes the text up to the next separator, or all of it, off the front of `rest`. False when that was the
 /// last piece; `rest` is then empty.
 bool TakePiece(std::string_view& rest, std::string_view separator, std::string_view& piece) {
@@ -78,7 +73,7 @@ TableExcerpt ByParagraphs(std::string_view rest, std::int64_t columns, std::int6
 
 TableExcerpt BySeparator(std::string_view rest, const tools::TextTableCut& cut) {
   Excerpt excerpt;
-  const std::string_view separator = SeparatorOf(cut);
+  const std::string_view separator = tools::SeparatorOf(cut);
   bool hasMore = true;
   for (std::int64_t row = 0; row < kMostRows && hasMore && !excerpt.IsFull(); ++row) {
     if (row > 0) excerpt.text += '\n';
@@ -102,14 +97,6 @@ TableExcerpt ExcerptOfTable(std::string_view text, const tools::TextTableCut& cu
                             std::string_view columnsField, std::string_view rowsField) {
   if (cut.mode != tools::TextTableMode::Paragraphs) return BySeparator(text, cut);
   return ByParagraphs(text, SizeIn(columnsField), SizeIn(rowsField));
-}
-
-bool ExceedsMostCells(std::string_view columnsField, std::string_view rowsField) {
-  const std::int64_t columns = SizeIn(columnsField);
-  const std::int64_t rows = SizeIn(rowsField);
-  if (rows == 0) return false;
-  return columns > tools::kMostTableCells ||
-         rows > tools::kMostTableCells / std::max<std::int64_t>(1, columns);
 }
 
 }  // namespace quill::ui

@@ -17,7 +17,4 @@ struct TableExcerpt {
 TableExcerpt ExcerptOfTable(std::string_view text, const tools::TextTableCut& cut,
                             std::string_view columnsField, std::string_view rowsField);
 
-/// Whether a table by paragraphs of this size would be clamped to `tools::kMostTableCells`.
-bool ExceedsMostCells(std::string_view columnsField, std::string_view rowsField);
-
 }  // namespace quill::ui

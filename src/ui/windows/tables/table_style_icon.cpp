@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <cmath>
 
+#include "tools/table_style.h"
 #include "ui/kit/qt_text.h"
 
 namespace quill::ui {
@@ -13,16 +14,6 @@ namespace {
 constexpr int kRows = 5;
 constexpr int kColumns = 4;
 constexpr QRgb kLines = 0xFFA3A3A3;
-
-QColor CellColor(const tools::TableStyle& style, int row, int column) {
-  std::string_view color = row % 2 == 0 ? style.oddRows : style.evenRows;
-  if (row == 0 && !style.headerRow.empty()) {
-    color = style.headerRow;
-  } else if (column == 0 && !style.firstColumn.empty()) {
-    color = style.firstColumn;
-  }
-  return QColor(ToQt(color));
-}
 
 class Engine final : public QIconEngine {
  public:
@@ -39,7 +30,8 @@ class Engine final : public QIconEngine {
         const QPointF begin(edge(rect.x() + column * cell.width()), edge(rect.y() + row * cell.height()));
         const QPointF end(edge(rect.x() + (column + 1) * cell.width()),
                           edge(rect.y() + (row + 1) * cell.height()));
-        painter->fillRect(QRectF(begin + QPointF(line, line), end), CellColor(m_style, row, column));
+        painter->fillRect(QRectF(begin + QPointF(line, line), end),
+                          QColor(ToQt(tools::CellColor(m_style, row + 1, column == 0))));
       }
     }
   }

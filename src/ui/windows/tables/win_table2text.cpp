@@ -2,8 +2,8 @@
 
 #include <QHBoxLayout>
 #include <QPushButton>
-#include <QVBoxLayout>
 
+#include "ui/kit/labelled_part.h"
 #include "ui/kit/page_mnemonics.h"
 #include "ui/kit/qt_text.h"
 #include "ui/kit/wrapped_label.h"
@@ -59,23 +59,9 @@ shell::TableTextChoice MWinTable2Text::Choice() const {
 }
 
 QWidget* MWinTable2Text::NewTextPart() {
-  auto* part = new QWidget;
-  auto* column = new QVBoxLayout(part);
-  column->setContentsMargins({});
-  auto* label = new QLabel(Text("strTable2TextResult"));
-  label->setBuddy(m_text);
-  column->addWidget(label);
-  column->addWidget(m_text, 1);
-  column->addWidget(m_state);
-  m_text->setAccessibleName(label->text());
+  auto* part = new LabelledPart(Text("strTable2TextResult"), m_text);
+  part->column().addWidget(m_state);
   return part;
-}
-
-void MWinTable2Text::OnlyClose() {
-  buttons().setStandardButtons(QDialogButtonBox::Close);
-  QPushButton* close = buttons().button(QDialogButtonBox::Close);
-  close->setText(Text("strClose"));
-  close->setDefault(true);
 }
 
 void MWinTable2Text::Recompute() {

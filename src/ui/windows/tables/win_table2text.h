@@ -22,7 +22,6 @@ class MWinTable2Text final : public AnswerWindow<shell::TableTextChoice> {
   Result<shell::TableTextChoice, Problem> Read() override;
   shell::TableTextChoice Choice() const;
   QWidget* NewTextPart();
-  void OnlyClose();
   void Recompute();
 
   shell::TableCopy m_table;

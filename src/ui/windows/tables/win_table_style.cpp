@@ -1,13 +1,13 @@
 #include "ui/windows/tables/win_table_style.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QListWidget>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
 #include "content/xml_serializer.h"
 #include "tools/table_style.h"
+#include "ui/kit/labelled_part.h"
 #include "ui/kit/page_mnemonics.h"
 #include "ui/kit/page_preview.h"
 #include "ui/kit/qt_text.h"
@@ -113,28 +113,12 @@ QWidget* MWinTableStyle::NewStylesPart(const shell::StringTable& strings) {
     item->setData(Qt::AccessibleTextRole, name);
     item->setToolTip(name);
   }
-  auto* part = new QWidget;
-  auto* column = new QVBoxLayout(part);
-  column->setContentsMargins({});
-  auto* label = new QLabel(Text("strTableStyles"));
-  label->setBuddy(m_styles);
-  column->addWidget(label);
-  column->addWidget(m_styles, 1);
-  m_styles->setAccessibleName(label->text());
-  return part;
+  return new LabelledPart(Text("strTableStyles"), m_styles);
 }
 
 QWidget* MWinTableStyle::NewPreviewPart() {
-  auto* part = new QWidget;
-  auto* column = new QVBoxLayout(part);
-  column->setContentsMargins({});
-  auto* label = new QLabel(Text("strTablePreview"));
-  label->setBuddy(m_preview);
-  column->addWidget(label);
-  column->addWidget(m_preview, 1);
-  m_preview->setAccessibleName(label->text());
   m_preview->setMinimumWidth(fontMetrics().averageCharWidth() * 20);
-  return part;
+  return new LabelledPart(Text("strTablePreview"), m_preview);
 }
 
 std::int64_t MWinTableStyle::Selected() const {

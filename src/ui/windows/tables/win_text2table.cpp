@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "content/unicode_text.h"
+#include "ui/kit/labelled_part.h"
 #include "ui/kit/page_mnemonics.h"
 #include "ui/kit/page_preview.h"
 #include "ui/kit/qt_text.h"
@@ -87,15 +88,8 @@ QWidget* MWinText2Table::NewChoicePart() {
 }
 
 QWidget* MWinText2Table::NewPreviewPart() {
-  auto* part = new QWidget;
-  auto* column = new QVBoxLayout(part);
-  column->setContentsMargins({});
-  auto* label = new QLabel(Text("strTablePreview"));
-  label->setBuddy(m_preview);
-  column->addWidget(label);
-  column->addWidget(m_preview, 1);
-  column->addWidget(m_size);
-  m_preview->setAccessibleName(label->text());
+  auto* part = new LabelledPart(Text("strTablePreview"), m_preview);
+  part->column().addWidget(m_size);
   m_size->setObjectName(QStringLiteral("size"));
   return part;
 }
@@ -124,7 +118,7 @@ void MWinText2Table::ShowTable() {
   m_size->setText(size);
   if (choice.mode != tools::TextTableMode::Paragraphs) return Warn(QString());
   if (number(choice.columns) <= 0 || number(choice.rows) <= 0) return Warn(Text("strTableNoCells"));
-  if (!ExceedsMostCells(choice.columns, choice.rows)) return Warn(QString());
+  if (!tools::ExceedsMostCells(choice.columns, choice.rows)) return Warn(QString());
   Warn(Format("strTableClamped", {ReadableNumber(tools::kMostTableCells)}));
 }
 

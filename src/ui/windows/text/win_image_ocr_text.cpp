@@ -31,14 +31,11 @@ MWinImageOCRText::MWinImageOCRText(const shell::StringTable& strings, const shel
   content().addWidget(m_text, 1);
   content().addLayout(tidy);
 
+  OnlyClose();
   QPushButton& copy = AddButton("strCopy");
   copy.setAutoDefault(false);
   connect(&copy, &QPushButton::clicked, this, [this] { Copy(); });
   m_needText.push_back(&copy);
-  delete &okButton();
-  QPushButton* close = buttons().button(QDialogButtonBox::Cancel);
-  close->setText(Text("strClose"));
-  close->setDefault(true);
   AssignMnemonics(*this, {});
   connect(m_text, &QPlainTextEdit::textChanged, this, [this] { TextChanged(); });
   // For a button that has just been pressed and has the keyboard; the text itself undoes without them.

@@ -46,16 +46,13 @@ MWinWordCount::MWinWordCount(const shell::StringTable& strings, const shell::Cou
     content().addWidget(m_list = NewList(), 1);
   }
   content().addWidget(m_note);
+  OnlyClose();
   QPushButton& copy = AddButton("strCopy");
   copy.setAutoDefault(false);
   copy.setEnabled(!m_rows.empty());
   connect(&copy, &QPushButton::clicked, this, [this] { Copy(m_rows); });
   auto* copyKey = new QShortcut(QKeySequence::Copy, this);
   connect(copyKey, &QShortcut::activated, this, [this] { Copy(SelectedRows()); });
-  delete &okButton();
-  QPushButton* close = buttons().button(QDialogButtonBox::Cancel);
-  close->setText(Text("strClose"));
-  close->setDefault(true);
   AssignMnemonics(buttons(), {});
 }
 
