@@ -21,3 +21,15 @@ function(quill_embed_file out file name)
     VERBATIM)
   set(${out} ${cpp} PARENT_SCOPE)
 endfunction()
+
+# Compiles the practice notebook's first pages into one function (practice/built_in_pages.h).
+function(quill_embed_pages out)
+  file(GLOB files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/resources/practice/pages/*.htm)
+  set(cpp ${CMAKE_BINARY_DIR}/generated/built_in_page_files.cpp)
+  add_custom_command(
+    OUTPUT ${cpp}
+    COMMAND ${CMAKE_COMMAND} -DOUT=${cpp} "-DFILES=${files}" -P ${CMAKE_SOURCE_DIR}/cmake/embed_pages.cmake
+    DEPENDS ${files} ${CMAKE_SOURCE_DIR}/cmake/embed_pages.cmake
+    VERBATIM)
+  set(${out} ${cpp} PARENT_SCOPE)
+endfunction()

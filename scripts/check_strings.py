@@ -23,14 +23,12 @@ COMPOSED = ("menuGroup", "syn")
 NOT_KEYS = {"titleText"}  # a function of the practice page
 FIXED = {"strNo", "strYes", "appTitle"}  # the same in every language
 AWAITED = set("""
-    askAccountsDifference askBackupRecovery askClearBackup errAccountDiff errBackupCloseOneNote errDeleteTemplate
-    errGetContentError errGetContentFailure errGetNotebooksError errGetPageLink errGetPagesError errGetPagesIDError
-    errNoHeadings errNoTags errNotFoundNotebook errOneNoteLinks errPageTitleEmpty errRestoreFailure
-    errSelectCloudFileAttachmentLink errSelectLink errServerIndexing msgCompletePackage msgEndFind
-    msgFavoritePageFailure msgFavoritePageSuccess msgFavoriteSectionFailure msgFavoriteSectionSuccess
-    msgNotebookDeleted msgRestoreSuccess msgSaveTemplateFailure msgSaveTemplateSuccess strTableOfContents strTableOfContentsNotebooks
-    strTableOfContentsSectionPages WinBackupSuccess ClearBackupSuccess
-    MWinFavoriteSectionsTitle""".split())
+    askBackupRecovery askClearBackup errBackupCloseOneNote errDeleteTemplate errOneNoteLinks errRestoreFailure
+    errSelectCloudFileAttachmentLink errSelectLink msgCompletePackage msgFavoritePageFailure
+    msgFavoritePageSuccess msgFavoriteSectionFailure msgFavoriteSectionSuccess
+    msgRestoreSuccess msgSaveTemplateFailure msgSaveTemplateSuccess WinBackupSuccess ClearBackupSuccess
+    MWinFavoriteSectionsTitle
+""".split())
 
 
 def code():

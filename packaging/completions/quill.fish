@@ -1,5 +1,5 @@
 # fish completion for quill
-set -l commands list run trigger insert title normalize denormalize image-table image-text highlight phonetics link settings doctor
+set -l commands list run trigger insert title normalize denormalize image-table image-text highlight phonetics link signin online monitor practice settings doctor
 complete -c quill -f
 complete -c quill -n "not __fish_seen_subcommand_from $commands" -a "$commands"
 complete -c quill -l root -r -d 'Keep every folder below DIR'
@@ -47,3 +47,22 @@ complete -c quill -n '__fish_seen_subcommand_from highlight' -l in -r -F -d 'Cod
 complete -c quill -n '__fish_seen_subcommand_from highlight' -l out -r -F -d 'Result'
 complete -c quill -n '__fish_seen_subcommand_from phonetics' -l language -r -a 'Chinese English French German Japanese'
 complete -c quill -n '__fish_seen_subcommand_from phonetics' -l json
+complete -c quill -n '__fish_seen_subcommand_from signin' -l redirect -r -d 'The address that the browser was sent to'
+complete -c quill -n '__fish_seen_subcommand_from signin' -l code -r -d 'Authorisation code'
+complete -c quill -n '__fish_seen_subcommand_from signin' -l status -d 'Who is signed in'
+complete -c quill -n '__fish_seen_subcommand_from signin' -l out -d 'Sign out'
+complete -c quill -n '__fish_seen_subcommand_from online' -a '0 1 2 3 10000 10001 10002 10003 10004 10005'
+complete -c quill -n '__fish_seen_subcommand_from online' -l link -r -d 'Client link of the page'
+complete -c quill -n '__fish_seen_subcommand_from online' -l file -r -F -d 'Where 0 and 1 write to'
+complete -c quill -n '__fish_seen_subcommand_from online' -l find -r -d 'Text to find (10002)'
+complete -c quill -n '__fish_seen_subcommand_from online' -l replace -r -d 'Text in its place (10002)'
+complete -c quill -n '__fish_seen_subcommand_from online' -l match-case
+complete -c quill -n '__fish_seen_subcommand_from online' -l dry-run -d 'Only print the changes'
+complete -c quill -n '__fish_seen_subcommand_from online' -l yes -d 'Agree to what is asked'
+complete -c quill -n '__fish_seen_subcommand_from monitor' -l once -d 'Count once'
+complete -c quill -n '__fish_seen_subcommand_from signin online monitor' -l json -d 'One JSON object'
+complete -c quill -n '__fish_seen_subcommand_from practice' -l port -r -d 'Port'
+complete -c quill -n '__fish_seen_subcommand_from practice' -l data -r -F -d 'Folder of the pages'
+complete -c quill -n '__fish_seen_subcommand_from practice' -l latency -r -d 'Milliseconds before each answer'
+complete -c quill -n '__fish_seen_subcommand_from practice' -l fault -r -d 'NAME[@PATH][+SKIP][xCOUNT]'
+complete -c quill -n '__fish_seen_subcommand_from practice' -l token-life -r -d 'Seconds'

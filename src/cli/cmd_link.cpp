@@ -4,11 +4,11 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
+#include "base/endpoints.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "content/unicode_text.h"
 #include "online/client_link.h"
-#include "shell/endpoints.h"
 
 namespace quill::cli {
 namespace {
@@ -28,7 +28,7 @@ void PrintLink(const std::string& argument) {
   if (!content::IsValidUtf8(argument)) throw Stop(kWrongCall, "the link is not UTF-8");
   // A copied link ends with its line break.
   const std::string_view text = content::TrimWhite(argument);
-  const online::PageClientLink parts = online::ReadClientLink(text, shell::FindEndpoints().documentHost);
+  const online::PageClientLink parts = online::ReadClientLink(text, FindEndpoints().documentHost);
   if (parts.link.empty()) {
     throw Stop(kWrongCall, fmt::format("\"{}\" is no client link; one begins with {} and a server's name",
                                        Beginning(text), online::kClientLinkStart));

@@ -16,7 +16,7 @@ std::vector<std::string> NeedNames(shell::Needs needs) {
   if (Has(needs, shell::Needs::OneNote)) names.emplace_back("onenote");
   if (Has(needs, shell::Needs::Selection)) names.emplace_back("selection");
   if (Has(needs, shell::Needs::PageLink)) names.emplace_back("page-link");
-  if (Has(needs, shell::Needs::SignIn)) names.emplace_back("sign-in");
+  if (Has(needs, shell::Needs::SignIn | shell::Needs::SignedIn)) names.emplace_back("sign-in");
   return names;
 }
 

@@ -34,8 +34,12 @@ void AddImage(CLI::App& app, Call& call);
 void AddHighlight(CLI::App& app, Call& call);
 void AddPhonetics(CLI::App& app, Call& call);
 void AddLink(CLI::App& app, Call& call);
+void AddOnline(CLI::App& app, Call& call);
 void AddSettings(CLI::App& app, Call& call);
+void AddSignin(CLI::App& app, Call& call);
+void AddMonitor(CLI::App& app, Call& call);
 void AddTrigger(CLI::App& app, Call& call);
 void AddDoctor(CLI::App& app, Call& call);
+void AddPractice(CLI::App& app, Call& call);
 
 }  // namespace quill::cli

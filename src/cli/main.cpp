@@ -27,9 +27,13 @@ void AddCommands(CLI::App& app, Call& call) {
   quill::cli::AddHighlight(app, call);
   quill::cli::AddPhonetics(app, call);
   quill::cli::AddLink(app, call);
+  quill::cli::AddOnline(app, call);
   quill::cli::AddSettings(app, call);
+  quill::cli::AddSignin(app, call);
+  quill::cli::AddMonitor(app, call);
   quill::cli::AddTrigger(app, call);
   quill::cli::AddDoctor(app, call);
+  quill::cli::AddPractice(app, call);
 }
 
 /// Help and version are answers; every other complaint of the parser is a wrong call.

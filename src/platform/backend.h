@@ -7,9 +7,11 @@
 
 namespace quill::platform {
 
+inline constexpr std::string_view kPracticeBackend = "practice";
+
 /// A desktop with the pasteboard that belongs to it.
 struct Backend {
-  std::string_view name;  ///< "x11", "practice", "mac", "none"
+  std::string_view name;  ///< "x11", "practice" (`kPracticeBackend`), "mac", "none"
   Desktop* desktop;
   Pasteboard* pasteboard;
   /// Sets who gets the backend's own notes for `--explain`, or nobody; null when it takes none.

@@ -1,6 +1,6 @@
 #include "practice/built_in_pages.h"
 
-#include <QFile>
+#include <utility>
 
 namespace quill::practice {
 namespace {
@@ -21,9 +21,7 @@ constexpr Row kPages[] = {
 std::vector<BuiltInPage> BuiltInPages() {
   std::vector<BuiltInPage> pages;
   for (const Row& row : kPages) {
-    QFile file(QString(":/practice/pages/%1.htm").arg(row.file));
-    if (!file.open(QFile::ReadOnly)) continue;
-    Result<Page> page = ParsePageFile(file.readAll().toStdString());
+    Result<Page> page = ParsePageFile(BuiltInPageFile(row.file));
     if (page.ok()) pages.push_back({row.section, std::move(*page)});
   }
   return pages;

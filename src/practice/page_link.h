@@ -13,7 +13,4 @@ struct LinkBase {
 QString PageLinkText(const LinkBase& base, const QString& section, const QString& title,
                      const QString& pageId);
 
-/// The page id in a client link, "{…}" in upper case; empty when there is none.
-QString PageIdInLink(const QString& link);
-
 }  // namespace quill::practice

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/atomic_file.h"
+#include "practice/guid_hash.h"
 
 namespace quill::practice {
 namespace {
@@ -90,7 +91,18 @@ Result<Page> PageStore::Load(const PageAddress& address) const {
   if (fs::is_symlink(file, ignored)) return BadName(address);
   Result<std::string> text = ReadFile(file, kLargestPage);
   if (!text.ok()) return Failure{text.error()};
-  return ParsePageFile(*text);
+  Result<Page> page = ParsePageFile(*text);
+  if (page.ok() && page->id.empty()) page->id = GuidOf({"page", address.section, address.name});
+  return page;
+}
+
+Result<PageAddress> PageStore::Find(std::string_view id, const PageAddress& guess) const {
+  const Result<Page> guessed = Load(guess);
+  if (guessed.ok() && guessed->id == id) return guess;
+  for (const PageEntry& entry : Pages()) {
+    if (entry.id == id) return entry.address;
+  }
+  return Failure{"there is no page " + std::string(id)};
 }
 
 Result<PageAddress> PageStore::Save(const PageAddress& address, const Page& page) {

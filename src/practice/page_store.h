@@ -24,6 +24,8 @@ struct PageEntry {
   std::string id;
   std::string title;
   int order = 0;
+
+  bool operator==(const PageEntry&) const = default;
 };
 
 /// A page that every new notebook has.
@@ -42,7 +44,11 @@ class PageStore {
   /// All pages, sections in the order of their first page, pages by order and then by title.
   std::vector<PageEntry> Pages() const;
 
-  /// Files over 64 MiB are refused.
+  /// Where the page with this id lies. `guess` is looked at first. Fails when there is no such page.
+  Result<PageAddress> Find(std::string_view id, const PageAddress& guess = {}) const;
+
+  /// Files over 64 MiB are refused. A file without an id (placed there by hand) gets one that is made from
+  /// its address; the first `Save` makes it the page's own.
   Result<Page> Load(const PageAddress& address) const;
 
   /// Writes the page; its file is renamed when the title has changed. The address it has now.
@@ -58,9 +64,11 @@ class PageStore {
 
   const std::filesystem::path& Folder() const { return m_folder; }
 
+  /// The file of a page, whether or not it is there.
+  std::filesystem::path FileOf(const PageAddress& address) const;
+
  private:
   PageStore(std::filesystem::path folder, std::vector<BuiltInPage> builtIn);
-  std::filesystem::path FileOf(const PageAddress& address) const;
   std::string FreeName(const std::string& section, const std::string& title) const;
 
   std::filesystem::path m_folder;

@@ -93,9 +93,9 @@ PageView::PageView(QWidget* parent)
   auto* channel = new QWebChannel(page);
   channel->registerObject("host", m_host);
   page->setWebChannel(channel, kWorld);
-  for (const char* name :
-       {":/qtwebchannel/qwebchannel.js", ":/practice/js/ranges.js", ":/practice/js/clipboard.js",
-        ":/practice/js/editing.js", ":/practice/js/paste.js", ":/practice/js/page.js"}) {
+  for (const char* name : {":/qtwebchannel/qwebchannel.js", ":/practice/js/ranges.js",
+                           ":/practice/js/clipboard.js", ":/practice/js/editing.js", ":/practice/js/paste.js",
+                           ":/practice/js/arrive.js", ":/practice/js/links.js", ":/practice/js/page.js"}) {
     AddScript(*page, name);
   }
   setPage(page);

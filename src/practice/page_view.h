@@ -19,11 +19,15 @@ class PageHost final : public QObject {
   void Ready() { emit IsReady(); }
   void Changed() { emit HasChanged(); }
   void Clipboard(const QString& kind) { emit WantsClipboard(kind); }
+  void Link(const QString& address) { emit WantsLink(address); }
+  void Hover(const QString& address) { emit IsOverLink(address); }
 
  signals:
   void IsReady();
   void HasChanged();
   void WantsClipboard(QString kind);
+  void WantsLink(QString address);   ///< a link was pressed with the command key
+  void IsOverLink(QString address);  ///< "" when the pointer has left it
 };
 
 /// The web view of one editable page. Our scripts live in a world of their own; scripts in a page's content

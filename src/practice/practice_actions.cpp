@@ -48,6 +48,8 @@ void PracticeWindow::MakeActions() {
   AddAction("strPracticeRedo", {QKeySequence::Redo}, [this] { CallPage("redo", {}, Quietly()); });
   AddAction("strPracticeCopyLink", {Qt::CTRL | Qt::ALT | Qt::Key_P, Qt::META | Qt::CTRL | Qt::Key_P},
             on(&PracticeWindow::CopyLink));
+  AddAction("strPracticeOpenLink", {Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter},
+            [this] { FollowLinkAtCaret(); });
   AddAction("strPracticeToTitle", {Qt::CTRL | Qt::SHIFT | Qt::Key_T},
             [this] { CallPage("focusTitle", {}, Quietly()); });
   AddAction("strPracticeToPages", {Qt::Key_F6},
@@ -133,12 +135,14 @@ void PracticeWindow::Paste(Outcome done) {
   });
 }
 
+/// The page is saved first: whoever follows the link finds what is shown.
 void PracticeWindow::CopyLink(Outcome done) {
   if (!m_open) return done(ScriptProblem::NothingCopied);
-  m_view->Call("titleText", {}, [this, open = *m_open, done = std::move(done)](const QVariant& title) {
-    if (!title.isValid()) return done(ScriptProblem::NoAnswer);
-    QGuiApplication::clipboard()->setText(
-        PageLinkText(m_links, ui::ToQt(open.address.section), title.toString(), ui::ToQt(open.page.id)));
+  Settle([this, done = std::move(done)](bool answered) {
+    if (!answered || !m_open) return done(ScriptProblem::NoAnswer);
+    const OpenedPage& open = *m_open;
+    QGuiApplication::clipboard()->setText(PageLinkText(m_links, ui::ToQt(open.address.section),
+                                                       ui::ToQt(open.page.title), ui::ToQt(open.page.id)));
     Say("strPracticeCopiedLink");
     done(ScriptProblem::None);
   });

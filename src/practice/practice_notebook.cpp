@@ -7,6 +7,7 @@
 
 #include "platform/qt/gui_call.h"
 #include "practice/page_view.h"
+#include "practice/service/store_library.h"
 
 namespace quill::practice {
 namespace {
@@ -39,6 +40,16 @@ void Notebook::Open() {
   m_window->Open([](ScriptProblem) {});
 }
 
+Result<Endpoints> Notebook::StartService() {
+  if (m_service == nullptr) {
+    auto started = PracticeService::Start(std::make_unique<StoreLibrary>(m_window->Folder()),
+                                          {.documentHost = m_window->DocumentHost().toStdString()});
+    if (!started.ok()) return Failure{started.error()};
+    m_service = std::move(*started);
+  }
+  return m_service->Addresses();
+}
+
 ScriptProblem Notebook::Show() {
   return AskThread<ScriptProblem>(this, kShowDeadline, [this](auto answer) { m_window->Open(answer); })
       .value_or(ScriptProblem::NoAnswer);
@@ -54,17 +65,18 @@ ScriptProblem Notebook::Press(const platform::practice::Keys& keys) {
 }
 
 ScriptProblem Notebook::OpenLink(std::string_view link) {
-  const std::string id =
-      PageIdInLink(QString::fromUtf8(link.data(), static_cast<qsizetype>(link.size()))).toStdString();
-  if (id.empty()) return ScriptProblem::TargetMissing;
+  const LinkTarget target = TargetOfLink(link);
+  if (target.pageId.empty()) return ScriptProblem::TargetMissing;
   return AskThread<ScriptProblem>(this, kShowDeadline,
-                                  [this, id](auto answer) {
-                                    m_window->OpenPage([&](const PageEntry& page) { return page.id == id; },
-                                                       [this, answer](ScriptProblem problem) {
-                                                         if (problem != ScriptProblem::None)
-                                                           return answer(problem);
-                                                         m_window->Open(answer);
-                                                       });
+                                  [this, target](auto answer) {
+                                    const auto jump = [this, target, answer](ScriptProblem problem) {
+                                      if (problem != ScriptProblem::None) return answer(problem);
+                                      m_window->JumpTo(target.objectId, answer);
+                                    };
+                                    m_window->OpenTarget(target, [this, jump, answer](ScriptProblem problem) {
+                                      if (problem != ScriptProblem::None) return answer(problem);
+                                      m_window->Open(jump);
+                                    });
                                   })
       .value_or(ScriptProblem::NoAnswer);
 }

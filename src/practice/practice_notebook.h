@@ -5,6 +5,7 @@
 
 #include "platform/practice/practice_target.h"
 #include "practice/practice_window.h"
+#include "practice/service/practice_service.h"
 #include "ui/web_views.h"
 
 namespace quill::practice {
@@ -24,6 +25,7 @@ class Notebook final : public QObject,
   platform::practice::PracticeTarget& Target() override { return *this; }
   ui::PracticeController& Controller() override { return *this; }
   void Open() override;
+  Result<Endpoints> StartService() override;
 
   // PracticeTarget, on the command thread
   bool IsOpen() override { return m_isOpen; }
@@ -51,6 +53,7 @@ class Notebook final : public QObject,
   void Get(const char* function, GotText done);
 
   std::unique_ptr<PracticeWindow> m_window;
+  std::unique_ptr<PracticeService> m_service;
   std::atomic<bool> m_isOpen = false;
 };
 

@@ -27,7 +27,8 @@ PracticeWindow::PracticeWindow(PageStore store, LinkBase links, const shell::Str
       m_view(new PageView),
       m_tree(new PageTree(strings)),
       m_status(new QLabel),
-      m_clipboard(*m_view, m_store.Folder() / ".clipboard") {
+      m_clipboard(*m_view, m_store.Folder() / ".clipboard"),
+      m_watch(m_store.Folder()) {
   setWindowTitle(ui::ToQt(strings.Text("menuPracticeNotebook")));
   resize(1080, 720);
   auto* splitter = new QSplitter(this);
@@ -56,6 +57,9 @@ PracticeWindow::PracticeWindow(PageStore store, LinkBase links, const shell::Str
     if (kind == "cut") Cut(Quietly());
     if (kind == "paste") Paste(Quietly());
   });
+  connect(&m_view->Host(), &PageHost::WantsLink, this, &PracticeWindow::FollowLink);
+  connect(&m_view->Host(), &PageHost::IsOverLink, this, &PracticeWindow::HintAt);
+  connect(&m_watch, &FolderWatch::Changed, this, &PracticeWindow::LookAtDisk);
   connect(m_view, &PageView::Lost, this, [this] {
     if (!m_open) return;
     const PageAddress address = std::exchange(m_open, std::nullopt)->address;
@@ -108,14 +112,10 @@ void PracticeWindow::OpenPage(const std::function<bool(const PageEntry&)>& wante
 void PracticeWindow::Load(const PageAddress& address, Outcome done) {
   if (m_open && m_open->address == address) return CallPage("takeFocus", {}, std::move(done));
   SaveNow();
-  Result<Page> page = m_store.Load(address);
+  const Result<Page> page = m_store.Load(address);
   if (!page.ok()) {
     Say("errPracticeOpen", {page.error()});
     return done(ScriptProblem::TargetMissing);
-  }
-  if (page->id.empty()) {  // a file from elsewhere; links need an id that stays
-    page->id = NewPageId();
-    if (const auto saved = m_store.Save(address, *page); !saved.ok()) Say("errPracticeSave", {saved.error()});
   }
   const std::optional<OpenedPage> before = m_open;
   m_open = OpenedPage{++m_lastKey, address, *page};
@@ -129,7 +129,9 @@ void PracticeWindow::Load(const PageAddress& address, Outcome done) {
 }
 
 void PracticeWindow::Refresh() {
-  m_tree->ShowPages(m_store.Pages(), m_open ? m_open->address : PageAddress{});
+  m_listed = m_store.Pages();
+  m_tree->ShowPages(m_listed, m_open ? m_open->address : PageAddress{});
+  if (m_open) m_watch.WatchFile(m_store.FileOf(m_open->address));
 }
 
 /// Fetches what has changed on the page, so that it can be saved even when the page is gone.
@@ -142,8 +144,9 @@ void PracticeWindow::TakeChanges() {
 /// Keeps changes until they are saved, after a short pause; those of another page are saved first.
 void PracticeWindow::Note(const OpenedPage& opened, const QVariantMap& changes) {
   if (changes["key"].toInt() != opened.key || opened.key <= m_forgottenKey) return;
-  if (m_unsaved && m_unsaved->key != opened.key) SaveNow();
-  m_unsaved = opened;
+  if (m_unsaved && m_unsaved->opened.key != opened.key) SaveNow();
+  if (m_open && m_open->key == opened.key) m_open->edits = changes["edits"].toInt();
+  m_unsaved = UnsavedPage{opened, opened.page};
   m_unsaved->page.title = changes["title"].toString().toStdString();
   m_unsaved->page.body = changes["body"].toString().toStdString();
   if (isVisible() && m_open && m_open->key == opened.key) {
@@ -160,16 +163,32 @@ void PracticeWindow::Forget() {
   m_unsaved.reset();
 }
 
+/// Writes what is unsaved. The page may have been renamed or changed by others meanwhile.
 void PracticeWindow::SaveNow() {
   m_saveTimer.stop();
   if (!m_unsaved) return;
-  const OpenedPage unsaved = *std::exchange(m_unsaved, std::nullopt);
-  const bool isOpen = m_open && m_open->key == unsaved.key;
-  const Result<PageAddress> saved = m_store.Save(isOpen ? m_open->address : unsaved.address, unsaved.page);
+  const UnsavedPage unsaved = *std::exchange(m_unsaved, std::nullopt);
+  const bool isOpen = m_open && m_open->key == unsaved.opened.key;
+  const OpenedPage before = isOpen ? *m_open : unsaved.opened;
+  const PageAddress address = m_store.Find(unsaved.page.id, before.address).ValueOr(before.address);
+  const Result<Page> onDisk = m_store.Load(address);
+  const bool othersChanged = onDisk.ok() && !(*onDisk == before.page) && m_lastSaved != *onDisk;
+  const Result<PageAddress> saved = m_store.Save(address, unsaved.page);
   if (!saved.ok()) return Say("errPracticeSave", {saved.error()});
-  const bool newTitle = unsaved.page.title != (isOpen ? m_open->page : unsaved.page).title;
-  if (isOpen) m_open = OpenedPage{unsaved.key, *saved, unsaved.page};
-  if (newTitle || !isOpen) Refresh();
+  m_lastSaved = unsaved.page;
+  if (isOpen) m_open = OpenedPage{unsaved.opened.key, *saved, unsaved.page, before.edits};
+  if (unsaved.page.title != before.page.title || !(*saved == before.address) || !isOpen) Refresh();
+  if (othersChanged) Say("strPracticeOverwrote");
+}
+
+/// Fetches and saves what has changed on the page; `then` is told whether the page has answered.
+void PracticeWindow::Settle(std::function<void(bool)> then) {
+  if (!m_open) return then(false);
+  m_view->Call("takeChanges", {}, [this, opened = *m_open, then = std::move(then)](const QVariant& answer) {
+    Note(opened, answer.toMap());
+    SaveNow();
+    then(answer.isValid());
+  });
 }
 
 void PracticeWindow::closeEvent(QCloseEvent* event) {

@@ -10,6 +10,8 @@
 
 #include "platform/desktop.h"
 #include "platform/practice/practice_target.h"
+#include "practice/folder_watch.h"
+#include "practice/link_parts.h"
 #include "practice/page_clipboard.h"
 #include "practice/page_link.h"
 #include "practice/page_store.h"
@@ -23,7 +25,8 @@ class PageTree;
 class PageView;
 
 /// The practice notebook's window: pages on the left, one editable page, a tool bar, and a line that says
-/// what happened. GUI thread. Changes are saved as they are made.
+/// what happened. GUI thread. Changes are saved as they are made; what others change in the notebook's folder
+/// is shown as it comes, and where both have changed a page the last to write it wins.
 class PracticeWindow final : public QMainWindow {
   Q_OBJECT
  public:
@@ -43,6 +46,16 @@ class PracticeWindow final : public QMainWindow {
   /// Opens the page that a test on its entry picks; `TargetMissing` without such a page.
   void OpenPage(const std::function<bool(const PageEntry&)>& wanted, Outcome done);
 
+  /// Opens the page that a link leads to, or the first one of its section when it names no page.
+  void OpenTarget(const LinkTarget& target, Outcome done);
+
+  /// Caret to the paragraph of the open page that the object id of a client link means. Without such a
+  /// paragraph nothing happens, and that is no problem.
+  void JumpTo(const std::string& objectId, Outcome done);
+
+  const std::filesystem::path& Folder() const { return m_store.Folder(); }
+  const QString& DocumentHost() const { return m_links.documentHost; }
+
  protected:
   void closeEvent(QCloseEvent* event) override;
 
@@ -50,6 +63,11 @@ class PracticeWindow final : public QMainWindow {
   struct OpenedPage {
     int key = 0;
     PageAddress address;
+    Page page;      ///< as it is on disk, as far as is known
+    int edits = 0;  ///< so many changes of the user's are in it, or on their way to the disk
+  };
+  struct UnsavedPage {
+    OpenedPage opened;
     Page page;
   };
 
@@ -67,7 +85,16 @@ class PracticeWindow final : public QMainWindow {
   void TakeChanges();
   void Note(const OpenedPage& opened, const QVariantMap& changes);
   void SaveNow();
+  void Settle(std::function<void(bool)> then);
   void Forget();
+
+  void LookAtDisk();
+  void ShowFromDisk(const PageAddress& address, const Page& page);
+  void LeaveLostPage();
+
+  void FollowLink(const QString& address);
+  void FollowLinkAtCaret();
+  void HintAt(const QString& address);
 
   void Copy(Outcome done);
   void Cut(Outcome done);
@@ -87,9 +114,12 @@ class PracticeWindow final : public QMainWindow {
   PageClipboard m_clipboard;
   int m_lastKey = 0;
   std::optional<OpenedPage> m_open;
-  std::optional<OpenedPage> m_unsaved;
+  std::optional<UnsavedPage> m_unsaved;
+  std::optional<Page> m_lastSaved;
+  std::vector<PageEntry> m_listed;
   int m_forgottenKey = 0;  ///< late changes told under keys up to this one are of no interest
   QTimer m_saveTimer;
+  FolderWatch m_watch;
 };
 
 }  // namespace quill::practice

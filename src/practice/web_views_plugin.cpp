@@ -9,6 +9,7 @@
 #include "equation/mathjax_source.h"
 #include "practice/built_in_pages.h"
 #include "practice/practice_notebook.h"
+#include "sign_in/sign_in_browser.h"
 
 QT_BEGIN_NAMESPACE
 Q_GUI_EXPORT void qt_gl_set_global_share_context(QOpenGLContext* context);
@@ -48,6 +49,10 @@ Result<std::unique_ptr<ui::PracticeNotebook>> WebViewsPlugin::CreatePracticeNote
 
 std::unique_ptr<ui::EquationView> WebViewsPlugin::CreateEquationView(const ui::EquationOptions& options) {
   return std::make_unique<equation::Equations>(options);
+}
+
+std::unique_ptr<ui::SignInView> WebViewsPlugin::CreateSignInView(const shell::StringTable& strings) {
+  return std::make_unique<sign_in::SignInBrowser>(strings);
 }
 
 }  // namespace quill::practice

@@ -11,13 +11,14 @@ namespace quill::practice {
 /// display without GL would end the process at the first view.
 class WebViewsPlugin final : public QObject, public ui::WebViews {
   Q_OBJECT
-  Q_PLUGIN_METADATA(IID "quillmenu.WebViews/1")
+  Q_PLUGIN_METADATA(IID "quillmenu.WebViews/2")
   Q_INTERFACES(quill::ui::WebViews)
  public:
   WebViewsPlugin();
   Result<std::unique_ptr<ui::PracticeNotebook>> CreatePracticeNotebook(
       const ui::PracticeOptions& options) override;
   std::unique_ptr<ui::EquationView> CreateEquationView(const ui::EquationOptions& options) override;
+  std::unique_ptr<ui::SignInView> CreateSignInView(const shell::StringTable& strings) override;
 };
 
 }  // namespace quill::practice

@@ -81,10 +81,37 @@ Application::Application(Parts parts)
     : m_parts(std::move(parts)),
       m_housekeeping(m_parts.globals, m_parts.idleSource, m_parts.clock),
       m_settingsWatch(m_parts.globals.folders.SettingsFile) {
-  m_thread = std::make_unique<CommandThread>([this] { m_housekeeping.Tick(); }, kHousekeepingPeriod);
+  if (m_parts.engines.http != nullptr) {
+    m_requests = std::make_unique<BackgroundRequests>(
+        m_parts.engines.http, [this](std::function<void()> job) { m_thread->Post(std::move(job)); });
+  }
+  m_thread = std::make_unique<CommandThread>([this] { Tick(); }, kHousekeepingPeriod);
+  m_thread->Post([this, thread = m_thread.get()] { WatchPages(*thread); });
 }
 
-Application::~Application() = default;
+Application::~Application() {
+  if (m_requests) m_requests->Stop();  // while there is a thread for their answers
+}
+
+void Application::Tick() {
+  m_housekeeping.Tick();
+  if (m_pageWatch) m_pageWatch->Tick();
+}
+
+void Application::WatchPages(CommandThread& thread) {
+  if (m_requests == nullptr) return;
+  const auto askForScreen = [this, &thread](std::function<void(bool)> answer) {
+    const auto take = [this, &thread, answer = std::move(answer)](bool isFree) {
+      thread.Post([this, answer, isFree] {
+        if (isFree) ReadChangedSettings();
+        answer(isFree);
+      });
+    };
+    m_parts.askForScreen ? m_parts.askForScreen(take) : take(true);
+  };
+  m_pageWatch = std::make_unique<PageWatch>(PageWatch::Parts{
+      m_parts.globals, *m_requests, m_parts.clock, m_parts.ui, m_parts.strings, m_parts.log, askForScreen});
+}
 
 void Application::ReadChangedSettings() {
   if (!m_settingsWatch.Changed()) return;
@@ -109,6 +136,7 @@ Outcome Application::Execute(const JobOptions& options, const Job& job) {
   Services services{*backend.desktop, *backend.pasteboard, m_parts.workspace, ui,
                     m_parts.clock,    m_parts.strings,     explain,           m_parts.log,
                     m_parts.engines};
+  if (backend.name == platform::kPracticeBackend) services.practiceService = m_parts.practiceService;
   const NotesOf notes(backend, explain);
   CommandContext context{services, m_parts.globals, options.argument};
   try {
@@ -161,7 +189,7 @@ void Application::Post(std::function<void(Globals&)> job) {
 void Application::AskMenuState(std::function<void(const MenuState&)> done) {
   m_thread->Post([this, done = std::move(done)] {
     ReadChangedSettings();
-    done(LookAtMenuState(*m_parts.chooseBackend().desktop, m_parts.globals));
+    done(LookAtMenuState(m_parts.chooseBackend(), m_parts.globals));
   });
 }
 

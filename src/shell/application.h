@@ -12,12 +12,14 @@
 #include "platform/clock.h"
 #include "platform/user_interface.h"
 #include "platform/workspace.h"
+#include "shell/background_requests.h"
 #include "shell/command_table.h"
 #include "shell/command_thread.h"
 #include "shell/engines.h"
 #include "shell/globals.h"
 #include "shell/housekeeping.h"
 #include "shell/menu_state.h"
+#include "shell/page_watch.h"
 #include "shell/settings_watch.h"
 #include "shell/string_table.h"
 
@@ -54,6 +56,12 @@ class Application {
     /// Told, on the command thread, that the settings file was written and has been read again.
     std::function<void(const Settings& settings)> onSettingsRead = nullptr;
     Engines engines = {};
+    /// The practice notebook's online service, asked for when a command in the notebook needs it. Command
+    /// thread.
+    std::function<Result<Endpoints>()> practiceService = nullptr;
+    /// Finds out whether a menu or a modal window is open, and tells it once, then or later, on any thread.
+    /// Called on the command thread. Without it the screen counts as free.
+    std::function<void(std::function<void(bool isFree)>)> askForScreen = nullptr;
   };
 
   explicit Application(Parts parts);
@@ -105,10 +113,15 @@ class Application {
   Outcome Execute(const JobOptions& options, const Job& job);
   std::string AnswerUrl(std::string url);
   void ReadChangedSettings();
+  void Tick();
+  /// Begins to watch the number of pages. Command thread.
+  void WatchPages(CommandThread& thread);
 
   Parts m_parts;
   Housekeeping m_housekeeping;
   SettingsWatch m_settingsWatch;
+  std::unique_ptr<BackgroundRequests> m_requests;  ///< null without a way to the services
+  std::unique_ptr<PageWatch> m_pageWatch;
   std::unique_ptr<CommandThread> m_thread;
 };
 

@@ -7,6 +7,7 @@
 #include "shell/engine_commands.h"
 #include "shell/not_built_yet.h"
 #include "shell/onenote_main.h"
+#include "shell/online_actions.h"
 #include "shell/program_actions.h"
 #include "shell/transform_table.h"
 #include "shell/window_requests.h"
@@ -53,7 +54,7 @@ constexpr Needs kNothing = Needs::Nothing;
 constexpr Needs kOneNote = Needs::OneNote;
 constexpr Needs kSelection = Needs::OneNote | Needs::Selection;
 constexpr Needs kWord = Needs::OneNote | Needs::Selection | Needs::Word;
-constexpr Needs kOnline = Needs::SignIn;
+constexpr Needs kSignedIn = Needs::SignedIn;
 constexpr Needs kPageOnline = Needs::OneNote | Needs::PageLink | Needs::SignIn;
 
 // clang-format off
@@ -69,7 +70,7 @@ constexpr CommandRow kCommands[] = {
     {"MenuItemCapitalizeEachWordClick", Text, 5, 0, "menuCapitalizeEachWord", 0, kSelection, RunTransform},
     {"MenuItemPhoneticsClick", Text, 10002, 0, "menuPhonetics", 0, kSelection, RunTransform},
     {"MenuItemWordCountClick", Text, 10, 0, "menuWordCount", 0, kSelection, RunTransform},
-    {"MenuItemNavigationPaneClick", Text, 0, 3, "menuNavigationPane", 0, kPageOnline, NotBuiltYet},
+    {"MenuItemNavigationPaneClick", Text, 0, 3, "menuNavigationPane", 0, kPageOnline, RunOnline},
     {"MenuItemSetToPageTitle", Title, 0, 0, "menuSetToPageTitle", 'L', kSelection, SetToPageTitle},
     {"MenuItemPageTitleTagClick", Title, 25, 1, "menuPageTitleTag", 0, kOneNote, PageTitleTag},
     {"MenuItemCopyPlainTextClick", Title, 24, 0, "menuCopyPlainText", 'C', kSelection, CopyPlainText},
@@ -98,15 +99,15 @@ constexpr CommandRow kCommands[] = {
     {"MenuItemFavoriteCurrentSectionClick", Favourites, 0, 0, "menuFavoriteCurrentSection", 0, kOneNote, NotBuiltYet},
     {"MenuItemFavoriteSectionItemClick", Favourites, 0, 0, "menuFavoriteSectionItem", 0, kOneNote, NotBuiltYet, nullptr, Place::Dynamic},
     {"MenuItemManagerFavoriteSections", Favourites, 0, 0, "menuManagerFavoriteSections", 0, kNothing, NotBuiltYet},
-    {"MenuItemTableOfContentsHeadingsClick", Online, 0, 2, "menuTableOfContentsHeadings", 0, kPageOnline, NotBuiltYet},
-    {"MenuItemTableOfContentsSectionPagesClick", Online, 0, 10000, "menuTableOfContentsSectionPages", 0, kPageOnline, NotBuiltYet},
-    {"MenuItemTableOfContentsNotebooksClick", Online, 0, 10001, "menuTableOfContentsNotebooks", 0, kOnline, NotBuiltYet},
-    {"MenuItemBreadcrumbClick", Online, 0, 10003, "menuBreadcrumb", 0, kPageOnline, NotBuiltYet},
-    {"MenuItemReplaceClick", Online, 0, 10002, "menuReplace", 0, kPageOnline, NotBuiltYet},
-    {"MenuItemExportTagsToCSVClick", Online, 0, 0, "menuExportTagsToCSV", 0, kPageOnline, NotBuiltYet},
-    {"MenuItemExportTagsToXMLClick", Online, 0, 1, "menuExportTagsToXML", 0, kPageOnline, NotBuiltYet},
-    {"MenuItemExportNotebookClick", Online, 0, 10004, "menuExportNotebook", 0, kPageOnline, NotBuiltYet},
-    {"MenuItemNotebooks", Online, 0, 10005, "menuNotebooks", 0, kOnline, NotBuiltYet},
+    {"MenuItemTableOfContentsHeadingsClick", Online, 0, 2, "menuTableOfContentsHeadings", 0, kPageOnline, RunOnline},
+    {"MenuItemTableOfContentsSectionPagesClick", Online, 0, 10000, "menuTableOfContentsSectionPages", 0, kPageOnline, RunOnline},
+    {"MenuItemTableOfContentsNotebooksClick", Online, 0, 10001, "menuTableOfContentsNotebooks", 0, kPageOnline, RunOnline},
+    {"MenuItemBreadcrumbClick", Online, 0, 10003, "menuBreadcrumb", 0, kPageOnline, RunOnline},
+    {"MenuItemReplaceClick", Online, 0, 10002, "menuReplace", 0, kPageOnline, RunOnline},
+    {"MenuItemExportTagsToCSVClick", Online, 0, 0, "menuExportTagsToCSV", 0, kPageOnline, RunOnline},
+    {"MenuItemExportTagsToXMLClick", Online, 0, 1, "menuExportTagsToXML", 0, kPageOnline, RunOnline},
+    {"MenuItemExportNotebookClick", Online, 0, 10004, "menuExportNotebook", 0, kPageOnline, RunOnline},
+    {"MenuItemNotebooks", Online, 0, 10005, "menuNotebooks", 0, kPageOnline, RunOnline},
     {"MenuItemExportLogClick", Files, 10001, 0, "menuExportLog", 0, kSelection, RunTransform},
     {"MenuItemDiagnosticsClick", Files, 1, 0, "menuDiagnostics", 0, kSelection, RunTransform},
     {"MenuItemSaveAsClick", Files, 6, 0, "menuSaveAs", 0, kSelection, RunTransform},
@@ -117,8 +118,8 @@ constexpr CommandRow kCommands[] = {
     {"MenuItemResoteOnepkgFileClick", Files, 0, 0, "menuRestoreOnepkg", 0, kNothing, NotBuiltYet},
     {"MenuItemRestoreA4OneNoteTemplateClick", Files, 0, 0, "menuRestoreA4Template", 0, kNothing, NotBuiltYet},
     {"MenuItemRestoreOneSectionFileClick", Files, 0, 0, "menuRestoreOneSection", 0, kNothing, NotBuiltYet},
-    {"MenuItemPagesNumberClick", Files, 0, 0, "menuPagesNumber", 0, kOnline, NotBuiltYet},
-    {"MenuItemADayPagesClick", Files, 0, 0, "menuADayPages", 0, kOnline, NotBuiltYet},
+    {"MenuItemPagesNumberClick", Files, 0, 0, "menuPagesNumber", 0, kSignedIn, nullptr, Show<PagesNumberRequest>},
+    {"MenuItemADayPagesClick", Files, 0, 0, "menuADayPages", 0, kSignedIn, nullptr, Show<ADayPagesRequest>},
     {"MenuItemSyntaxHighlightClick", Insert, 0, 0, "menuSyntaxHighlight", 0, kOneNote, SyntaxHighlight},
     {"MenuItemInsertHorizontalLine", Insert, 0, 0, "menuInsertHorizontalLine", 0, kOneNote, InsertHorizontalLine},
     {"MenuItemLaTeXEquation", Insert, 0, 0, "menuLaTeXEquation", 0, kOneNote, LaTeXEquation},
@@ -129,8 +130,8 @@ constexpr CommandRow kCommands[] = {
     {"MenuItemOpenNotebookByLink", Program, 0, 0, "menuOpenNotebookByLink", 0, kNothing, NotBuiltYet},
     {"MenuItemRulerClick", Program, 0, 0, "menuRuler", 0, kNothing, nullptr, Show<RulerRequest>},
     {"MenuItemAboutClick", Program, 0, 0, "menuAbout", 0, kNothing, nullptr, Show<AboutRequest>},
-    {"MenuItemSignInClick", Program, 0, 0, "menuSignIn", 0, kNothing, NotBuiltYet, nullptr, Place::Palette},
-    {"MenuItemSignOutClick", Program, 0, 0, "menuSignOut", 0, kOnline, NotBuiltYet, nullptr, Place::Palette},
+    {"MenuItemSignInClick", Program, 0, 0, "menuSignIn", 0, kNothing, SignIn, nullptr, Place::Palette},
+    {"MenuItemSignOutClick", Program, 0, 0, "menuSignOut", 0, kSignedIn, SignOut, nullptr, Place::Palette},
     {"MenuItemBackupsClick", Program, 0, 0, "menuBackups", 0, kNothing, NotBuiltYet, nullptr, Place::Palette},
     {"MenuItemTestCopyFromOneNoteClick", Program, 0, 0, "menuTestCopyFromOneNote", 0, kSelection, TestCopyFromOneNote, nullptr, Place::Nowhere},
     {"MenuItemTestCopyFromClipboardClick", Program, 0, 0, "menuTestCopyFromClipboard", 0, kNothing, TestCopyFromClipboard, nullptr, Place::Nowhere},

@@ -32,7 +32,15 @@ enum class CommandGroup {
 std::string_view GroupTitleKey(CommandGroup group);
 
 /// What must be there before an action can run; several may be joined by |.
-enum class Needs : unsigned { Nothing = 0, OneNote = 1, Selection = 2, PageLink = 4, SignIn = 8, Word = 16 };
+enum class Needs : unsigned {
+  Nothing = 0,
+  OneNote = 1,
+  Selection = 2,
+  PageLink = 4,
+  SignIn = 8,  ///< a signed-in user; without one the action itself asks for a sign-in
+  Word = 16,
+  SignedIn = 32  ///< a signed-in user from the start
+};
 constexpr Needs operator|(Needs a, Needs b) {
   return static_cast<Needs>(static_cast<unsigned>(a) | static_cast<unsigned>(b));
 }

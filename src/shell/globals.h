@@ -5,14 +5,22 @@
 #include <string>
 #include <string_view>
 
+#include "base/endpoints.h"
 #include "base/result.h"
+#include "online/session.h"
 #include "platform/clock.h"
-#include "shell/endpoints.h"
 #include "shell/folders.h"
 #include "shell/script_table.h"
 #include "shell/settings.h"
 
 namespace quill::shell {
+
+/// Who is signed in at the practice notebook's own service, which has nothing to do with the user's account.
+struct PracticeAccount {
+  Endpoints endpoints;
+  online::Account account;
+  online::SessionMemory memory;
+};
 
 /// What lives for the whole run: folders, settings, the script table, and head and tail of the last
 /// copy. Owned by the command thread; nobody else reads or writes it.
@@ -21,6 +29,8 @@ struct Globals {
   Settings settings;
   ScriptTable scripts;
   Endpoints endpoints;
+  online::SessionMemory onlineMemory;
+  PracticeAccount practice;
   bool exportLog = false;  ///< the page log is written; off at start, never saved
   std::string FragmentHead;
   std::string FragmentTail;

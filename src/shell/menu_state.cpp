@@ -1,13 +1,15 @@
 #include "shell/menu_state.h"
 
+#include "shell/online_session.h"
+
 namespace quill::shell {
 
-MenuState LookAtMenuState(platform::Desktop& desktop, const Globals& globals) {
+MenuState LookAtMenuState(const platform::Backend& backend, const Globals& globals) {
   MenuState state;
-  state.oneNoteRunning = desktop.OneNoteRunning();
-  state.wordInstalled = desktop.ApplicationInstalled("/Applications/Microsoft Word.app");
-  state.signedIn = !globals.settings.OnlineOneNoteAccessToken.empty() ||
-                   !globals.settings.OnlineOneNoteRefreshToken.empty();
+  state.oneNoteRunning = backend.desktop->OneNoteRunning();
+  state.wordInstalled = backend.desktop->ApplicationInstalled("/Applications/Microsoft Word.app");
+  const online::Account& account = AccountOf(globals, backend.name == platform::kPracticeBackend);
+  state.signedIn = !account.OnlineOneNoteAccessToken.empty() || !account.OnlineOneNoteRefreshToken.empty();
   state.startWithMonday = globals.settings.CalendarStartWithMonday;
   return state;
 }
@@ -19,7 +21,7 @@ std::string_view WhyNotNow(const CommandRow& row, const MenuState& state) {
     bool there;
     std::string_view key;
   };
-  const Missing needs[] = {{Needs::SignIn, state.signedIn, "strNeedsSignIn"},
+  const Missing needs[] = {{Needs::SignedIn, state.signedIn, "strNeedsSignIn"},
                            {Needs::OneNote, state.oneNoteRunning, "strNeedsOneNote"},
                            {Needs::Word, state.wordInstalled, "strNeedsWord"}};
   for (const Missing& one : needs) {

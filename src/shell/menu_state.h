@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/backend.h"
 #include "shell/command_table.h"
 
 namespace quill::shell {
@@ -26,7 +27,7 @@ struct MenuState {
 };
 
 /// Looks at the desktop and the settings. Command thread.
-MenuState LookAtMenuState(platform::Desktop& desktop, const Globals& globals);
+MenuState LookAtMenuState(const platform::Backend& backend, const Globals& globals);
 
 /// The string-table key of the reason why an action cannot run now; empty when it can. What is selected in
 /// OneNote cannot be known without a copy, so a missing selection is told when the action runs.

@@ -193,6 +193,17 @@ void NSOneNoteMain::NewPage() {
   RunInsert_(23, 0, 0, tools::JournalTitle(m_globals.settings.JournalDayFormat, m_services.clock.Now()));
 }
 
+bool NSOneNoteMain::OpenLocation(std::string_view link) {
+  if (link.empty()) return false;
+  const Explain::Scope scope(m_services.explain, "command");
+  const platform::ScriptResult opened = m_bridge.RunAppleScript(FillOpenLocation(m_globals.scripts, link));
+  if (!opened.ok()) {
+    m_bridge.ShowMessage(
+        m_services.strings.Format(platform::ScriptProblemKey(opened.problem), {opened.detail}));
+  }
+  return opened.ok();
+}
+
 bool NSOneNoteMain::PastePng(const std::filesystem::path& file) {
   return m_bridge.PastePng(file, PasteMode::AtCaret);
 }

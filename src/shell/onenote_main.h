@@ -49,6 +49,10 @@ class NSOneNoteMain {
   /// Makes a page (Command+N) and inserts the title that the journal pattern gives.
   void NewPage();
 
+  /// Opens what a client link means: a notebook, a page, or a paragraph of one. False when there is no link,
+  /// or, message shown, when nobody could be made to open it.
+  bool OpenLocation(std::string_view link);
+
   /// Pastes a PNG file at the caret.
   bool PastePng(const std::filesystem::path& file);
 

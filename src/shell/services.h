@@ -1,4 +1,8 @@
 #pragma once
+#include <functional>
+
+#include "base/endpoints.h"
+#include "base/result.h"
 #include "platform/clock.h"
 #include "platform/desktop.h"
 #include "platform/pasteboard.h"
@@ -22,6 +26,9 @@ struct Services {
   Explain& explain;
   Log& log;
   Engines engines = {};
+  /// The practice notebook's online service, for a command that works in the notebook; it may fail with a
+  /// text for the user. Empty for every other target.
+  std::function<Result<Endpoints>()> practiceService = nullptr;
 };
 
 }  // namespace quill::shell

@@ -8,6 +8,7 @@
 #include <variant>
 
 #include "base/result.h"
+#include "online/account.h"
 
 namespace quill::shell {
 
@@ -26,7 +27,7 @@ std::chrono::year_month_day LocalDay(std::chrono::system_clock::time_point momen
 /// All user settings, loaded once at start and owned by the command thread. Defaults are what a first
 /// start without a settings file sees; the two dates default to yesterday and the version to this
 /// build's (`DefaultSettings`).
-struct Settings {
+struct Settings : online::Account {
   bool CalendarStartWithMonday = false;
   std::string DateFormat = "yyyy-MM-dd";
   std::string TimeFormat = "HH:mm:ss";
@@ -52,11 +53,6 @@ struct Settings {
   bool Phonetics_Transliteration = true;
   std::string MathJaxAddress;  ///< "https://host"; empty: the installed files
   std::string RecentFormulas;  ///< as `tools::RecentFormulas` writes it
-  std::string OnlineOneNoteAccessToken;
-  std::string OnlineOneNoteRefreshToken;
-  std::string ClientUrlAccountId;
-  std::string OnlineOneNoteUserId;
-  std::string OnlineOneNoteUserPrincipalName;
   bool MonitorPageTotal = true;
   std::int64_t AlertOnDelPageNum = 5;
   bool OneAppBackup_Enable = true;
@@ -68,6 +64,8 @@ struct Settings {
   StoredDate OneAppBackup_Last;
   StoredDate OneAppUpdate_Last;
   std::string CheckedUpdateVersion_Last;
+
+  bool operator==(const Settings&) const = delete;  ///< the account's would compare the account alone
 };
 
 /// Who writes a setting to the file.

@@ -1,7 +1,10 @@
 #pragma once
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
+
+#include "online/page_totals.h"
 
 namespace quill::shell {
 
@@ -47,5 +50,19 @@ struct ImageRequest {
 
 /// One more `MWinRuler`.
 struct RulerRequest {};
+
+/// `MWinPagesNumber`, with a warning when too many pages are gone.
+struct PagesNumberRequest {
+  std::optional<online::LostPages> lost;
+};
+
+/// `MWinADayPages`.
+struct ADayPagesRequest {};
+
+/// A message of the desktop beside the tray, where there is one.
+struct NotifyRequest {
+  std::string title;
+  std::string text;
+};
 
 }  // namespace quill::shell

@@ -74,7 +74,8 @@ platform::Backend Backends::Choose() {
     return {native->name(), &native->desktop(), &native->pasteboard(),
             [native](std::function<void(std::string_view)> sink) { native->OnNote(std::move(sink)); }};
   }
-  if (practiceOpen) return {"practice", &m_state->practiceDesktop, &m_state->practice.pasteboard(), nullptr};
+  if (practiceOpen)
+    return {platform::kPracticeBackend, &m_state->practiceDesktop, &m_state->practice.pasteboard(), nullptr};
   return m_state->none.backend();
 }
 

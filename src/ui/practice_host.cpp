@@ -1,11 +1,19 @@
 #include "ui/practice_host.h"
 
+#include "platform/qt/gui_call.h"
 #include "platform/qt/qt_pasteboard.h"
 #include "ui/web_plugin.h"
 
 namespace quill::ui {
 
 using platform::ScriptProblem;
+
+namespace {
+
+/// The service starts in milliseconds; the window's thread may be drawing a large page.
+constexpr auto kServiceDeadline = std::chrono::seconds(5);
+
+}  // namespace
 
 PracticeHost::PracticeHost(std::filesystem::path folder, const shell::StringTable& strings)
     : m_folder(std::move(folder)), m_strings(strings) {}
@@ -24,6 +32,16 @@ Status<> PracticeHost::Open() {
   }
   m_notebook->Open();
   return Done();
+}
+
+Result<Endpoints> PracticeHost::Service() {
+  const auto start = [this]() -> Result<Endpoints> {
+    if (!IsOpen()) return Failure{std::string(m_strings.Text("errPracticeNotOpen"))};
+    return m_notebook->StartService();
+  };
+  auto answer = platform::qt::CallOnThread(&m_guiThread, kServiceDeadline, start);
+  if (!answer) return Failure{std::string(m_strings.Text("errPracticeNoAnswer"))};
+  return *std::move(answer);
 }
 
 bool PracticeHost::IsOpen() {

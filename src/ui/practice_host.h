@@ -1,8 +1,10 @@
 #pragma once
+#include <QObject>
 #include <atomic>
 #include <filesystem>
 #include <memory>
 
+#include "base/endpoints.h"
 #include "base/result.h"
 #include "platform/pasteboard.h"
 #include "platform/practice/practice_target.h"
@@ -30,6 +32,10 @@ class PracticeHost final : public platform::practice::PracticeTarget {
   /// The clipboard as the notebook uses it; only after `Open`.
   platform::Pasteboard& pasteboard() { return *m_pasteboard; }
 
+  /// The addresses of the service on the notebook's pages, which is started at the first call. Fails when the
+  /// notebook's window is not open. Any thread; on the command thread it waits for the window's.
+  Result<Endpoints> Service();
+
   bool IsOpen() override;
   platform::ScriptProblem Show() override;
   platform::ScriptProblem Press(const platform::practice::Keys& keys) override;
@@ -41,6 +47,7 @@ class PracticeHost final : public platform::practice::PracticeTarget {
   std::unique_ptr<platform::Pasteboard> m_pasteboard;
   std::unique_ptr<PracticeNotebook> m_notebook;
   std::atomic<platform::practice::PracticeTarget*> m_target = nullptr;
+  QObject m_guiThread;  ///< calls from other threads end with it
 };
 
 }  // namespace quill::ui

@@ -31,6 +31,13 @@ std::string_view LanguageFor(const std::string& setting) {
   return shell::ChooseLanguage(setting, platform::PreferredLanguages());
 }
 
+/// Nothing may come up in front of a menu or a modal window that is open.
+void AskForScreen(std::function<void(bool isFree)> answer) {
+  OnGui([answer = std::move(answer)] {
+    answer(QApplication::activeModalWidget() == nullptr && QApplication::activePopupWidget() == nullptr);
+  });
+}
+
 }  // namespace
 
 Program::Program(const std::filesystem::path& root)
@@ -60,7 +67,8 @@ Program::Program(const std::filesystem::path& root)
   m_application = std::make_unique<shell::Application>(shell::Application::Parts{
       std::move(m_startGlobals), m_strings, m_clock, m_ui, [this] { return m_backends.Choose(); },
       *m_workspace, m_backends.idleSource(), m_log,
-      [this](const shell::Settings& read) { OnGui([this, read] { UseSettings(read); }); }, OpenEngines()});
+      [this](const shell::Settings& read) { OnGui([this, read] { UseSettings(read); }); }, OpenEngines(),
+      [this] { return m_practice.Service(); }, AskForScreen});
   AddHosts();
   AddWindows();
   AddToolWindows();

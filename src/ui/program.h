@@ -14,6 +14,7 @@
 #include "ui/kit/qt_user_interface.h"
 #include "ui/kit/window_factory.h"
 #include "ui/options_host.h"
+#include "ui/pages_number_host.h"
 #include "ui/palette_host.h"
 #include "ui/practice_host.h"
 #include "ui/qt_language.h"
@@ -60,6 +61,7 @@ class Program {
   void AddWindows();
   void AddToolWindows();
   void AddHosts();
+  void AddPagesWindows();
   QWidget* OpenAbout();
   QWidget* OpenImage(const std::filesystem::path& file);
 
@@ -105,6 +107,7 @@ class Program {
   std::string m_recentActions;
   PaletteHost m_palette;
   std::unique_ptr<OptionsHost> m_options;
+  std::unique_ptr<PagesNumberHost> m_pagesNumber;
   Tray m_tray;
 };
 

@@ -1,8 +1,10 @@
 #include <QApplication>
 
+#include "shell/onenote_main.h"
 #include "shell/window_requests.h"
 #include "ui/content_windows.h"
 #include "ui/engine_windows.h"
+#include "ui/online_windows.h"
 #include "ui/program.h"
 #include "ui/windows/image/win_image.h"
 #include "ui/windows/win_about.h"
@@ -16,9 +18,26 @@ void Program::AddHosts() {
       m_strings, m_clock, *m_application, [this](const shell::Settings& settings) { UseSettings(settings); },
       [this](const std::string& action) { RunAction(*shell::FindCommand(action), {}); },
       [this](const std::string& problem) { m_ui.Tell(problem); }});
+  m_pagesNumber = std::make_unique<PagesNumberHost>(
+      PagesNumberHost::Parts{m_strings, *m_application, *m_workspace, m_folders.PagesNumHistoryFile,
+                             [this](const std::string& problem) { m_ui.Tell(problem); }});
+}
+
+void Program::AddPagesWindows() {
+  m_windows.AddWindow<shell::PagesNumberRequest>(
+      [this](const shell::PagesNumberRequest& request) { return m_pagesNumber->Open(request); });
+  m_windows.AddWindow<shell::ADayPagesRequest>([this](const auto&) -> QWidget* {
+    m_pagesNumber->OpenDays();
+    return nullptr;
+  });
+  m_windows.AddWindow<shell::NotifyRequest>([this](const shell::NotifyRequest& notice) -> QWidget* {
+    m_tray.Notify(notice.title, notice.text);
+    return nullptr;
+  });
 }
 
 void Program::AddWindows() {
+  AddPagesWindows();
   m_windows.AddWindow<shell::MenuRequest>([this](const auto&) -> QWidget* {
     m_tray.ShowMenu();
     return nullptr;
@@ -49,6 +68,18 @@ void Program::AddWindows() {
 void Program::AddToolWindows() {
   AddContentWindows(m_windows, m_strings, m_imagePanels);
   AddEngineWindows(m_windows, m_strings, m_equations, [this](const std::string& text) { m_ui.Tell(text); });
+  OnlineWindowHooks online;
+  online.tell = [this](const std::string& text) { m_ui.Tell(text); };
+  online.openLocation = [this](const std::string& link) {
+    m_application->RunJob(
+        std::string(m_strings.Text("strOpenInOneNote")),
+        [link](shell::CommandContext& context) {
+          shell::NSOneNoteMain(context.services, context.globals).OpenLocation(link);
+        },
+        [this](const shell::Outcome& outcome) { TellRefusal(outcome); });
+  };
+  online.refreshNavigation = [this] { RunAction(*shell::FindCommand("MenuItemNavigationPaneClick"), {}); };
+  AddOnlineWindows(m_windows, m_strings, online);
   m_windows.AddWindow<shell::TextRequest>(
       [this](const shell::TextRequest& request) { return new MWinTest(m_strings, request); });
   m_windows.AddWindow<shell::AboutRequest>([this](const auto&) { return OpenAbout(); });

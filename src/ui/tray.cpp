@@ -67,6 +67,11 @@ void Tray::ShowMenu() {
   m_window->ShowMenu();
 }
 
+void Tray::Notify(const std::string& title, const std::string& text) {
+  if (!QSystemTrayIcon::isSystemTrayAvailable() || !QSystemTrayIcon::supportsMessages()) return;
+  m_icon.showMessage(ToQt(title), ToQt(text), QSystemTrayIcon::Warning);
+}
+
 void Tray::Retranslate() {
   m_actions.Retranslate();
   m_icon.setToolTip(ToQt(m_strings.Text("appTitle")));

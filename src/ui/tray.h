@@ -31,6 +31,9 @@ class Tray {
   /// Opens the menu at the icon, or at the pointer, or from the window.
   void ShowMenu();
 
+  /// Shows a message of the desktop beside the icon, where the desktop has a place for both.
+  void Notify(const std::string& title, const std::string& text);
+
   /// True once the desktop has given the icon its place.
   bool InPlace() const { return m_icon.geometry().isValid(); }
 

@@ -6,10 +6,12 @@
 #include <functional>
 #include <memory>
 
+#include "base/endpoints.h"
 #include "base/result.h"
 #include "platform/practice/practice_target.h"
 #include "shell/string_table.h"
 #include "ui/equation_view.h"
+#include "ui/sign_in_view.h"
 
 class QWidget;
 
@@ -77,6 +79,10 @@ class PracticeNotebook {
 
   /// Shows the window in front.
   virtual void Open() = 0;
+
+  /// The addresses of a service that serves this notebook's pages as the OneNote service serves a user's. It
+  /// is started at the first call, on a free port of this computer, and ends with the notebook.
+  virtual Result<Endpoints> StartService() = 0;
 };
 
 /// Everything that needs the web engine, behind an interface without its types: the tray program does not
@@ -91,8 +97,11 @@ class WebViews {
 
   /// To be made once and kept (`EquationView`). Loads no page yet; the folder of MathJax is not looked at.
   virtual std::unique_ptr<EquationView> CreateEquationView(const EquationOptions& options) = 0;
+
+  /// One for each sign-in: its cookies end with it. The string table must outlive the view.
+  virtual std::unique_ptr<SignInView> CreateSignInView(const shell::StringTable& strings) = 0;
 };
 
 }  // namespace quill::ui
 
-Q_DECLARE_INTERFACE(quill::ui::WebViews, "quillmenu.WebViews/1")
+Q_DECLARE_INTERFACE(quill::ui::WebViews, "quillmenu.WebViews/2")

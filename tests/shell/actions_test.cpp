@@ -6,6 +6,7 @@
 
 #include "shell/application.h"
 #include "shell/command_world.h"
+#include "shell/online_actions.h"
 #include "shell/temporary_folder.h"
 #include "shell/window_requests.h"
 
@@ -66,6 +67,14 @@ const std::map<std::string_view, std::string> kExpected = {
     {"MenuItemTestCopyFromClipboardClick", "read text; show window"},
 };
 
+/// Nobody answers.
+class NoNetwork final : public platform::Http {
+ public:
+  Result<platform::HttpResponse, platform::HttpFailure> Send(const platform::HttpRequest&) override {
+    return Failure{platform::HttpFailure{platform::HttpProblem::HostNotFound, {}}};
+  }
+};
+
 // An action wired to another's command would change the user's page in a way nobody asked for; one that is
 // missing here was added without a word about what it does.
 TEST(Actions, EachDoesExactlyItsCommand) {
@@ -79,18 +88,28 @@ TEST(Actions, EachDoesExactlyItsCommand) {
     world.recording.Install("/Applications/Microsoft Word.app");
     world.recording.Install("/Applications/Microsoft OneNote.app");
     world.recording.NameScript(world.globals.scripts.ScriptActivate, "activate");
+    world.recording.NameScript(world.globals.scripts.ScriptCopyPageLink, "copy-link");
+    Engines engines;
+    engines.http = std::make_shared<NoNetwork>();
     Application application(
         {world.globals, world.strings, world.clock, world.recording,
          [&] {
            return platform::Backend{"recording", &world.recording, &world.recording, nullptr};
          },
-         world.recording, world.recording, world.log});
+         world.recording, world.recording, world.log, nullptr, engines});
     EXPECT_TRUE(application.RunAndWait({&row, {}}).ran);
     const std::string& transcript = world.recording.transcript();
     if (IsNotBuiltYet(row)) {
       EXPECT_THAT(transcript, HasSubstr(world.strings.Text("msgNotBuiltYet"))) << row.action;
     } else if (row.handler == nullptr) {
       EXPECT_EQ(transcript, "show window") << row.action;
+    } else if (row.handler == RunOnline) {
+      const bool asksWhereTo = row.argument < 2;
+      EXPECT_THAT(transcript, StartsWith(asksWhereTo ? "save panel"
+                                                     : "clear; run copy-link; restore clipboard; message "))
+          << row.action;
+    } else if (row.handler == SignIn || row.handler == SignOut) {
+      EXPECT_THAT(transcript, HasSubstr(world.strings.Text("errNoClientId"))) << row.action;
     } else {
       const auto expected = kExpected.find(row.action);
       ASSERT_NE(expected, kExpected.end()) << row.action;
@@ -102,16 +121,17 @@ TEST(Actions, EachDoesExactlyItsCommand) {
 // Each window's action asks for its own window.
 TEST(Actions, WindowsAreThoseOfTheirActions) {
   platform::recording::Recording screen;
-  for (const char* action :
-       {"Options", "About", "Ruler", "CommandPalette", "PracticeNotebook", "ShowMenu", "Quit"}) {
+  for (const char* action : {"Options", "About", "Ruler", "CommandPalette", "PracticeNotebook", "ShowMenu",
+                             "Quit", "PagesNumber", "ADayPages"}) {
     FindCommand(action)->window(screen);
   }
   const std::vector<std::any>& windows = screen.windows();
-  ASSERT_EQ(windows.size(), 7u);
+  ASSERT_EQ(windows.size(), 9u);
   EXPECT_TRUE(windows[0].type() == typeid(OptionsRequest) && windows[1].type() == typeid(AboutRequest));
   EXPECT_TRUE(windows[2].type() == typeid(RulerRequest) && windows[3].type() == typeid(PaletteRequest));
   EXPECT_TRUE(windows[4].type() == typeid(PracticeRequest) && windows[5].type() == typeid(MenuRequest));
-  EXPECT_TRUE(windows[6].type() == typeid(QuitRequest));
+  EXPECT_TRUE(windows[6].type() == typeid(QuitRequest) && windows[7].type() == typeid(PagesNumberRequest));
+  EXPECT_TRUE(windows[8].type() == typeid(ADayPagesRequest));
 }
 
 }  // namespace

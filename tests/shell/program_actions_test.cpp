@@ -117,13 +117,13 @@ TEST(WhyNotNow, NamesTheFirstThingThatIsMissing) {
 TEST(MenuState, LooksAtDesktopAndSettings) {
   CommandWorld world;
   world.recording.SetOneNoteRunning(false);
-  MenuState state = LookAtMenuState(world.recording, world.globals);
+  MenuState state = LookAtMenuState({"recording", &world.recording, &world.recording}, world.globals);
   EXPECT_FALSE(state.oneNoteRunning || state.signedIn || state.wordInstalled || state.startWithMonday);
   world.recording.SetOneNoteRunning(true);
   world.recording.Install("/Applications/Microsoft Word.app");
   world.globals.settings.OnlineOneNoteRefreshToken = "r";
   world.globals.settings.CalendarStartWithMonday = true;
-  state = LookAtMenuState(world.recording, world.globals);
+  state = LookAtMenuState({"recording", &world.recording, &world.recording}, world.globals);
   EXPECT_TRUE(state.oneNoteRunning && state.signedIn && state.wordInstalled && state.startWithMonday);
 }
 

@@ -5,32 +5,43 @@
   let host = null;
   let key = 0;
   let dirty = false;
+  let edits = 0;  // changes of this page since it was shown
 
   quill.titleText = () => quill.title().textContent.replace(/\s+/g, ' ').trim();
   quill.content = () => quill.body().innerHTML;
   quill.visibleText = () => quill.body().innerText;
 
-  // What has changed since it was taken last; empty when nothing has.
-  quill.takeChanges = function () {
-    if (!dirty) return {};
+  quill.edits = () => edits;
+
+  // The page as it is, and the number of its changes.
+  quill.allChanges = function () {
     dirty = false;
-    return {key, title: quill.titleText(), body: quill.content()};
+    return {key, title: quill.titleText(), body: quill.content(), edits};
   };
+
+  // What has changed since it was taken last; empty when nothing has.
+  quill.takeChanges = () => (dirty ? quill.allChanges() : {});
 
   // To be called after a change.
   quill.changed = function () {
     dirty = true;
+    ++edits;
     host.Changed();
+  };
+
+  quill.fill = function (title, body) {
+    quill.title().textContent = title;
+    quill.body().replaceChildren(...quill.cleanNodes(body));
+    if (!quill.body().firstElementChild) quill.body().innerHTML = '<p><br></p>';
+    quill.forgetHistory();
   };
 
   // Shows another page, under a key that its changes will be told with. Returns `takeChanges` of the old.
   quill.show = function (newKey, title, body) {
     const changes = quill.takeChanges();
     key = newKey;
-    quill.title().textContent = title;
-    quill.body().replaceChildren(...quill.cleanNodes(body));
-    if (!quill.body().firstElementChild) quill.body().innerHTML = '<p><br></p>';
-    quill.forgetHistory();
+    edits = 0;
+    quill.fill(title, body);
     quill.focusBody();
     window.scrollTo(0, 0);
     return changes;
@@ -123,17 +134,17 @@
   // --- events ------------------------------------------------------------------------------------------
 
   const isMac = navigator.platform.startsWith('Mac');
-  const isCommand = (event) => (isMac ? event.metaKey : event.ctrlKey) && !event.altKey;
+  quill.isCommand = (event) => (isMac ? event.metaKey : event.ctrlKey) && !event.altKey;
 
   const onKey = function (event) {
     const key = event.key.toLowerCase();
-    if (isCommand(event) && key === 'z') {
+    if (quill.isCommand(event) && key === 'z') {
       event.shiftKey ? quill.redo() : quill.undo();
-    } else if (isCommand(event) && key === 'y') {
+    } else if (quill.isCommand(event) && key === 'y') {
       quill.redo();
     } else if (event.key === 'Enter' && quill.title().contains(event.target)) {
       quill.focusBody();
-    } else if ((event.key === 'Delete' || event.key === 'Backspace') && !isCommand(event)) {
+    } else if ((event.key === 'Delete' || event.key === 'Backspace') && !quill.isCommand(event)) {
       const range = quill.selectedRange();
       if (!range || range.collapsed) return;
       quill.pressDelete();
@@ -160,6 +171,7 @@
       });
     }
     document.addEventListener('drop', (event) => event.preventDefault());
+    quill.watchLinks(host);
     document.addEventListener('click', (event) => {
       const box = event.target.closest && event.target.closest('p[data-tag^="to-do"]');
       if (box && event.target === box && event.offsetX < 0) quill.toggleDone(box);

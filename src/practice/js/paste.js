@@ -7,7 +7,7 @@
   const DROPPED = new Set(('script style iframe frame frameset object embed applet template noscript svg ' +
       'math video audio source track canvas form input button select textarea link meta base title head dialog ' +
       'portal slot').split(' '));
-  const ATTRIBUTES = new Set(('style data-tag href src alt width height title summary border cellpadding ' +
+  const ATTRIBUTES = new Set(('style data-tag data-id href src alt width height title summary border cellpadding ' +
       'cellspacing valign type lang rowspan colspan align bgcolor start').split(' '));
   const LINKS = /^(?:https?|onenote|mailto|qvar|file|tel):/i;
   const PICTURES = /^data:image\/(?:png|jpe?g|gif|webp|bmp);/i;
@@ -24,8 +24,12 @@
       return element.localName === 'img' && (PICTURES.test(address) || KEPT_SOURCES.test(address));
     }
     if (name === 'style') return !ACTIVE_STYLE.test(value);
-    return true;
+    return name !== 'data-id' || value !== '_default';
   };
+
+  // A group of paragraphs stays when it has a name of its own.
+  const keepsElement = (node) => ALLOWED.has(node.localName) ||
+      (node.localName === 'div' && node.hasAttribute('data-id') && node.dataset.id !== '_default');
 
   const isBetweenBlocks = (node) => node.nodeType === Node.TEXT_NODE && /^[ \t\r\n]*$/.test(node.data) &&
       [node.previousSibling, node.nextSibling].some((beside) => quill.isBlock(beside || node.parentNode)) &&
@@ -44,7 +48,7 @@
     }
     if (node.nodeType !== Node.ELEMENT_NODE || DROPPED.has(node.localName)) return [];
     const children = [...node.childNodes].flatMap((child) => clean(child, pictures));
-    if (!ALLOWED.has(node.localName)) return children;
+    if (!keepsElement(node)) return children;
     const copy = document.createElement(node.localName);
     for (const {name, value} of node.attributes) {
       if (keepsAttribute(node, name, value)) copy.setAttribute(name, value);

@@ -19,6 +19,9 @@
 #include "ui/kit/win_input.h"
 #include "ui/pictures/content_scenes.h"
 #include "ui/pictures/engine_scenes.h"
+#include "ui/pictures/list_scenes.h"
+#include "ui/pictures/monitor_scenes.h"
+#include "ui/pictures/online_scenes.h"
 #include "ui/pictures/sample_data.h"
 #include "ui/pictures/scene_parts.h"
 #include "ui/windows/image/picture_view.h"
@@ -242,6 +245,9 @@ std::vector<Scene> Scenes() {
       {QStringLiteral("colors"), OpenColors}};
   for (Scene& scene : ContentScenes()) scenes.push_back(std::move(scene));
   for (Scene& scene : EngineScenes()) scenes.push_back(std::move(scene));
+  for (Scene& scene : MonitorScenes()) scenes.push_back(std::move(scene));
+  for (Scene& scene : OnlineScenes()) scenes.push_back(std::move(scene));
+  for (Scene& scene : ListScenes()) scenes.push_back(std::move(scene));
   return scenes;
 }
 
