@@ -31,6 +31,7 @@ if(QUILL_SANITIZE)
   add_link_options(-fsanitize=${QUILL_SANITIZE})
 endif()
 if(QUILL_FUZZ)
-  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined)
+  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined
+                      -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()

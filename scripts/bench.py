@@ -215,6 +215,16 @@ def table():
     report.write_text(text + "\n")
 
 
+def online():
+    """What is made of a page of the online service, 5 MB with 2,000 headings, against the bare parse of it."""
+    pages = micro(program="bench_contents")
+    linearity(pages, "bench_contents")
+    linearity(micro(program="bench_page_edit"), "bench_page_edit")
+    ratio = pages["Contents/page"][0] / pages["Parse/page"][0]
+    row("Contents of a page", f"{pages['Contents/page'][0] / 1e6:.1f} ms", f"parse {pages['Parse/page'][0] / 1e6:.1f} ms",
+        f"{ratio:.2f}", "<= 2", ratio <= 2)
+
+
 def main():
     if "QUILL_BENCH_DISPLAY" in os.environ:
         return desktop()
@@ -230,6 +240,8 @@ def main():
         dates()
         with tempfile.TemporaryDirectory() as name:
             tools(pathlib.Path(name))
+    if ONLY in ("", "online"):
+        online()
     if ONLY in ("", "desktop"):
         desktop()
     if ONLY in ("", "roundtrip"):

@@ -4,7 +4,7 @@ set -euo pipefail
 source scripts/setup.sh
 seconds=${1:-30}
 only=${2:-}
-build fuzz all
+build asan-ubsan fuzzers
 mkdir -p build/fuzz-findings
 
 run_one() {
@@ -27,4 +27,4 @@ run_one() {
 }
 export -f run_one
 export seconds
-ls build/fuzz/bin/fuzz_*"$only"* | grep -v '\.' | xargs -n 1 -P 2 bash -c 'set -euo pipefail; run_one "$0"'
+ls build/asan-ubsan/bin/fuzz_*"$only"* | grep -v '\.' | xargs -n 1 -P 2 bash -c 'set -euo pipefail; run_one "$0"'

@@ -11,12 +11,15 @@ fi
 
 step() { printf '\n== %s (%s s)\n' "$1" "$SECONDS"; }
 
+step "sanitizer build with the fuzzers"
+build asan-ubsan all
 step "fuzzers, 30 seconds each"
 scripts/fuzz.sh 30
-step "sanitizers: build and tests"
-build asan-ubsan all
+step "the core's tests under the sanitizers"
 ctest --preset asan-ubsan -j 2 --no-tests=error
-step "debug build, lint and all tests"
+step "lint"
+scripts/lint.sh fast
+step "debug build"
 build check all
-scripts/lint.sh core
+step "the Qt faces' tests"
 ctest --preset check -j 2 --no-tests=error

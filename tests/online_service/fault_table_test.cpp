@@ -173,5 +173,61 @@ TEST_F(FaultTable, InTheNotebooks) {
                std::vector<Row>{{FaultKind::ResetAfter, "", "", "", Tokens::Kept}});
 }
 
+// A token that runs out in the middle costs that command and the next, which renews it.
+TEST(FaultStories, TheTokenRunsOutInTheMiddle) {
+  OnlineWorld world;
+  const shell::StringTable strings;
+  const std::string before = world.account.OnlineOneNoteAccessToken;
+  world.service->Faults().Add({FaultKind::TokenExpires, "/content", 0, 1});
+  world.Run(2);
+  EXPECT_EQ(world.host.messages, std::vector<std::string>{std::string(strings.Text("errGetContentFailure"))});
+  EXPECT_EQ(world.account.OnlineOneNoteAccessToken, before);
+  world.Run(2);
+  ASSERT_EQ(world.host.messages.size(), 2u);
+  EXPECT_THAT(world.host.messages[1], testing::HasSubstr(strings.Text("strSignInRenewed")));
+  world.Run(2);
+  EXPECT_EQ(world.host.insertions.size(), 1u) << world.host.AllTexts();
+}
+
+// While the list is read somebody moves its first page to the end: the page at the seam is not seen. It is
+// told as a page that was not found, and the next command finds it.
+TEST(FaultStories, APageMovesBetweenTwoBatches) {
+  OnlineWorld world(250);
+  world.OpenPage(3100);
+  world.service->Faults().Add({FaultKind::PageMoves, "/pages?top=100&skip=0", 2, 1});
+  world.Run(2);
+  ASSERT_EQ(world.host.messages.size(), 1u) << world.host.AllTexts();
+  EXPECT_THAT(world.host.messages[0], testing::HasSubstr("T:0, S:3, P:750 "));
+  world.service->Faults().Clear();
+  world.Run(2);
+  EXPECT_EQ(world.host.insertions.size(), 1u) << world.host.AllTexts();
+}
+
+// A service that answers every batch with the first one is not asked for ever.
+TEST(FaultStories, TheServiceIgnoresSkip) {
+  OnlineWorld world(250);
+  world.service->Faults().Add({FaultKind::IgnoredSkip, "/pages?top=100", 0, -1});
+  EXPECT_EQ(world.Run(2), 1 + 10 + 10 + 1 + 1) << world.host.AllTexts();
+  EXPECT_EQ(world.host.insertions.size(), 1u);
+  world.OpenPage(3200);
+  EXPECT_EQ(world.Run(2), 1 + 3 * 10);
+  EXPECT_EQ(world.host.messages.size(), 1u);
+}
+
+// Find and replace meets the same faults on the way to the page, and one more when it sends its changes:
+// nothing is sent twice, and the user knows that it may not be saved.
+TEST(FaultStories, ChangesAreSentOnce) {
+  for (const FaultKind kind : {FaultKind::ResetBefore, FaultKind::Throttled, FaultKind::NotFound}) {
+    OnlineWorld world;
+    world.service->Faults().Add({kind, "/content", 1, -1});  // the page itself comes
+    MOnlineOneNoteMain main(world.host, world.session, world.http, world.clock);
+    EXPECT_FALSE(main.ReplaceWithoutScreen({"Milk", "Bread", false, false})) << world.host.AllTexts();
+    EXPECT_EQ(world.host.messages.size(), 1u) << world.host.AllTexts();
+    std::size_t sent = 0;
+    for (const std::string& request : world.service->Requests()) sent += request.starts_with("PATCH") ? 1 : 0;
+    EXPECT_EQ(sent, 1u);
+  }
+}
+
 }  // namespace
 }  // namespace quill::online

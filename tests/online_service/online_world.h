@@ -45,8 +45,7 @@ class ThreePlans final : public practice::NotebookLibrary {
       home.sections.push_back({PageGuid(10 + i), "Plans", {fmt::format("Group {}", i)}, Pages(1000 * i)});
     return {home};
   }
-  Result<practice::LibraryContent> Load(std::string_view guid) override {
-    if (guid != PageGuid(kPage)) return Failure{std::string("no such page")};
+  Result<practice::LibraryContent> Load(std::string_view) override {
     return practice::LibraryContent{"Page 4", "<h1>One</h1><p data-tag=\"to-do\">Milk</p>"};
   }
   Status<> Save(std::string_view, const practice::LibraryContent&) override { return Done(); }
@@ -76,11 +75,16 @@ class OnlineWorld {
         FinishSignIn(session, client, {"", memory.PendingAuthCode}, {},
                      [](SignInProblem problem) { ADD_FAILURE() << SignInProblemText(problem); });
     if (!finished.ok()) ADD_FAILURE() << finished.error();
-    host.link = fmt::format(
-        "onenote:https://{}/{}/Documents/Home/Group%203/Plans.one#Page%204&section-id={}&page-id={}&end",
-        endpoints.documentHost, account.ClientUrlAccountId, PageGuid(13), PageGuid(ThreePlans::kPage));
+    OpenPage(ThreePlans::kPage);
     saved = 0;
     service->ForgetRequests();
+  }
+
+  /// Opens another page of the third section in OneNote.
+  void OpenPage(int number) {
+    host.link = fmt::format(
+        "onenote:https://{}/{}/Documents/Home/Group%203/Plans.one#Page%204&section-id={}&page-id={}&end",
+        endpoints.documentHost, account.ClientUrlAccountId, PageGuid(13), PageGuid(number));
   }
 
   /// One command, as one object serves; how many requests it took.

@@ -56,6 +56,9 @@ namespace quill::platform {
 Result<std::unique_ptr<NativeBackend>> OpenNativeBackend(std::function<std::string()> targetPattern) {
   auto backend = x11::X11Backend::Open(nullptr, std::move(targetPattern));
   if (!backend.ok()) return Failure{backend.error()};
+  // A link to a page goes to whatever the desktop has for it.
+  const std::shared_ptr<Workspace> workspace = OpenWorkspace();
+  (*backend)->OnOpenLocation([workspace](std::string_view url) { return workspace->OpenUrl(url).ok(); });
   return std::unique_ptr<NativeBackend>(std::move(*backend));
 }
 
