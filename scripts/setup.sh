@@ -67,6 +67,7 @@ ensure_mathjax() {
 # configure PRESET: only when it has not been done, or when the presets changed.
 configure() {
   local folder=build/$1
+  mkdir -p build
   if [ ! -f "$folder/build.ninja" ] || [ CMakePresets.json -nt "$folder/CMakeCache.txt" ]; then
     cmake --preset "$1" >"build/$1-configure.log" 2>&1 || {
       tail -n 40 "build/$1-configure.log" >&2
