@@ -3,7 +3,6 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 #include <nlohmann/json.hpp>
-#include <set>
 
 #include "cli/commands.h"
 #include "cli/console.h"
@@ -13,6 +12,7 @@
 #include "online/online_main.h"
 #include "platform/curl/curl_http.h"
 #include "shell/globals.h"
+#include "shell/online_session.h"
 
 namespace quill::cli {
 namespace {
@@ -45,8 +45,7 @@ void CheckWords(const OnlineOptions& options) {
 }
 
 void CheckCall(const OnlineOptions& options) {
-  static const std::set<std::int64_t> kNumbers = {0, 1, 2, 3, 10000, 10001, 10002, 10003, 10004, 10005};
-  if (kNumbers.count(options.number) == 0) {
+  if (!online::MOnlineOneNoteMain::Knows(options.number)) {
     throw Stop(kWrongCall, fmt::format("there is no online command {}; there are 0 to 3 and 10000 to 10005",
                                        options.number));
   }
@@ -115,10 +114,7 @@ int RunOnline(const Call& call, OnlineOptions& options) {
   shell::Explain explain = MakeExplain(call);
   platform::CurlHttp http;
   OnlineTerminal terminal(call, options.run, explain);
-  online::MOnlineOneNoteMain main(terminal,
-                                  {globals.endpoints, globals.settings, globals.onlineMemory,
-                                   [&globals] { return shell::SaveSettings(globals); }},
-                                  http, clock);
+  online::MOnlineOneNoteMain main(terminal, shell::OwnSession(globals), http, clock);
   if (options.number == kFindReplace) {
     const auto edit = main.ReplaceWithoutScreen(
         {*options.find, *options.replacement, options.matchesCase, options.isTrial});

@@ -17,6 +17,7 @@
 #include "online/token_requests.h"
 #include "platform/curl/curl_http.h"
 #include "shell/globals.h"
+#include "shell/online_session.h"
 
 namespace quill::cli {
 namespace {
@@ -95,15 +96,6 @@ std::string AccountWords(const online::Account& account) {
   return shown.empty() ? "signed in; the service told no name" : "signed in as " + shown;
 }
 
-online::Session SessionOf(shell::Globals& globals) {
-  return {globals.endpoints, globals.settings, globals.onlineMemory, [&globals] {
-            // Only these: the program may have saved others while the user was at the sign-in pages.
-            return shell::SaveSettingRows(
-                globals, {"OnlineOneNoteAccessToken", "OnlineOneNoteRefreshToken", "ClientUrlAccountId",
-                          "OnlineOneNoteUserId", "OnlineOneNoteUserPrincipalName"});
-          }};
-}
-
 int PrintStatus(const Call& call, bool json) {
   const shell::Globals globals = shell::OpenGlobals(call.root, platform::SystemClock());
   if (!globals.settingsProblem.empty()) PrintError(globals.settingsProblem);
@@ -118,7 +110,7 @@ int PrintStatus(const Call& call, bool json) {
 /// Signs out here; the browser's own session ends at the address that is printed.
 int SignOut(const Call& call, bool json) {
   shell::Globals globals = shell::InitGlobals(call.root, platform::SystemClock());
-  online::Session session = SessionOf(globals);
+  online::Session session = shell::OwnSession(globals);
   const Status<> saved = online::BeginLogout(session);
   if (!saved.ok()) throw Stop(kWorkFailed, saved.error());
   const std::string address = online::LogoutUrl(globals.endpoints);
@@ -209,7 +201,7 @@ int SignIn(const Call& call, const SigninOptions& options) {
   platform::SystemClock clock;
   shell::Globals globals = shell::InitGlobals(call.root, clock);
   shell::Explain explain = MakeExplain(call);
-  online::Session session = SessionOf(globals);
+  online::Session session = shell::OwnSession(globals);
   platform::CurlHttp http;
   online::ServiceClient client(http, WasInterrupted);
   bool isWhole = true;

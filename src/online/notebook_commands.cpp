@@ -14,7 +14,6 @@
 namespace quill::online {
 namespace {
 
-constexpr std::chrono::seconds kDeadline{30};
 constexpr std::size_t kMostListed = 100;
 constexpr std::string_view kNotebookNotFound = "Error: Cannot found the notebook!";
 
@@ -30,7 +29,7 @@ bool LacksPage(std::string_view body, std::string_view pageClientId) {
 Result<std::string, MOnlineOneNoteMain::Trouble> MOnlineOneNoteMain::GetList(const std::string& url,
                                                                              std::string_view key) {
   std::optional<ServiceReply> reply =
-      m_client.Send(BearerGet(url, m_session.account.OnlineOneNoteAccessToken, kDeadline));
+      m_client.Send(BearerGet(url, m_session.account.OnlineOneNoteAccessToken, kServiceDeadline));
   if (!reply || reply->status >= 400 || reply->body.empty()) return Failure{TroubleOf(reply, key)};
   m_host.LogContent("list", reply->body);
   return std::move(reply->body);

@@ -14,8 +14,6 @@
 namespace quill::online {
 namespace {
 
-constexpr std::chrono::seconds kContentDeadline{30};
-
 bool IsSame(std::string_view a, std::string_view b) {
   return content::ToLower(a) == content::ToLower(b);
 }
@@ -64,9 +62,7 @@ void MOnlineOneNoteMain::RetrieveUserIdByToken() {
 
 void MOnlineOneNoteMain::RunInsert(std::int64_t command) {
   if (command == 0 || command == 1) return ExportTags(command);
-  if (command == 2 || command == 3 || (command >= 10000 && command <= 10005)) {
-    RunOnlineCommand(command, 0, 0, "");
-  }
+  RunOnlineCommand(command, 0, 0, "");
 }
 
 void MOnlineOneNoteMain::ExportTags(std::int64_t command) {
@@ -187,7 +183,7 @@ std::optional<ServiceReply> MOnlineOneNoteMain::FetchContent(std::string_view pa
   if (token.empty() || pageOnlineId.empty()) return std::nullopt;
   const std::optional<std::string> url = PageContentUrl(GraphBase(), pageOnlineId);
   if (!url) return std::nullopt;
-  std::optional<ServiceReply> reply = m_client.Send(BearerGet(*url, token, kContentDeadline));
+  std::optional<ServiceReply> reply = m_client.Send(BearerGet(*url, token, kServiceDeadline));
   if (reply) m_host.LogContent("page", reply->body);
   return reply;
 }
@@ -210,7 +206,7 @@ std::optional<ServiceReply> MOnlineOneNoteMain::UpdatePageContent(std::string_vi
   const std::optional<std::string> url = PageChangeUrl(GraphBase(), pageOnlineId);
   if (token.empty() || json.empty() || !url) return std::nullopt;
   const Asking asking(m_progress, m_host);
-  platform::HttpRequest request = BearerGet(*url, token, kContentDeadline);
+  platform::HttpRequest request = BearerGet(*url, token, kServiceDeadline);
   request.method = platform::HttpMethod::Patch;
   request.headers.push_back({"Content-Type", "application/json"});
   request.headers.push_back({"Content-Length", std::to_string(json.size())});

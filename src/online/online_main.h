@@ -29,6 +29,9 @@ class MOnlineOneNoteMain {
   /// are; others do nothing.
   void RunInsert(std::int64_t command);
 
+  /// Whether there is a command of that number.
+  static bool Knows(std::int64_t command) { return FindCommand(command) != nullptr; }
+
   /// Asks where to and exports the tags of the page as CSV (0) or XML (1).
   void ExportTags(std::int64_t command);
 

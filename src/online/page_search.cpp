@@ -20,7 +20,6 @@ constexpr int kMostTries = 3;
 constexpr int kMostBatches = 10;
 constexpr int kBatchSize = 100;
 constexpr int kMostTitleRounds = 5;
-constexpr std::chrono::seconds kDeadline{30};
 
 std::string ClientLinkOf(const nlohmann::json& page) {
   return TextAt(page, {"links", "oneNoteClientUrl", "href"});
@@ -69,7 +68,7 @@ std::optional<std::string> PageSearch::SectionPageFilter(std::string_view sectio
   // Made once: a try after a refresh still carries the old token, and the next command the new one.
   const platform::HttpRequest request =
       BearerGet(SectionsNamedUrl(GraphBaseUrl(m_session.endpoints, account.OnlineOneNoteUserId), sectionName),
-                account.OnlineOneNoteAccessToken, kDeadline);
+                account.OnlineOneNoteAccessToken, kServiceDeadline);
   for (int tries = 0; tries < kMostTries && !m_client.IsCancelled(); ++tries) {
     const std::optional<ServiceReply> sections = m_client.Send(request);
     if (sections) return SectionPageLoopSections(sections, pageClientId);
@@ -113,8 +112,9 @@ std::optional<std::string> PageSearch::SectionPageGetSectionAllPages(std::string
   }
   const std::string base = GraphBaseUrl(m_session.endpoints, account.OnlineOneNoteUserId);
   for (int batch = 0; batch < kMostBatches && !m_client.IsCancelled(); ++batch) {
-    std::optional<ServiceReply> pages = m_client.Send(BearerGet(
-        SectionPagesUrl(base, sectionId, batch * kBatchSize), account.OnlineOneNoteAccessToken, kDeadline));
+    std::optional<ServiceReply> pages =
+        m_client.Send(BearerGet(SectionPagesUrl(base, sectionId, batch * kBatchSize),
+                                account.OnlineOneNoteAccessToken, kServiceDeadline));
     if (!pages) {
       m_diagnostics.m_ErrorCode = 200;
       m_diagnostics.failure = m_client.LastFailure();
@@ -147,14 +147,14 @@ std::optional<std::string> PageSearch::SearchOnlinePage(std::string_view title) 
   const std::string base = GraphBaseUrl(m_session.endpoints, m_session.account.OnlineOneNoteUserId);
   std::optional<ServiceReply> found;
   for (int round = 0; round < kMostTitleRounds && !token.empty(); ++round) {
-    found = m_client.Send(BearerGet(PagesTitledUrl(base, title), token, kDeadline));
+    found = m_client.Send(BearerGet(PagesTitledUrl(base, title), token, kServiceDeadline));
     if (!DemandsCredentials(m_client, found)) break;
     RefreshTokens(m_session, m_client);
   }
   if (!found) return std::nullopt;
   if (!IsJasonValueEmpty(found->body) && !CanTrySearch(found->body)) return std::move(found->body);
   if (token.empty()) return std::move(found->body);
-  found = m_client.Send(BearerGet(PagesContainingUrl(base, LongestWord(title)), token, kDeadline));
+  found = m_client.Send(BearerGet(PagesContainingUrl(base, LongestWord(title)), token, kServiceDeadline));
   if (!found) return std::nullopt;
   return std::move(found->body);
 }

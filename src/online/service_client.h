@@ -22,6 +22,9 @@ using HttpAnswer = Result<platform::HttpResponse, platform::HttpFailure>;
 /// Every other answer is one, also that of an error status.
 std::optional<ServiceReply> ReplyOf(HttpAnswer answer);
 
+/// How long an answer of the OneNote service may take where nothing else is said.
+inline constexpr std::chrono::seconds kServiceDeadline{30};
+
 /// Sends requests for one command and keeps count of them. One at a time, on the thread that calls.
 class ServiceClient {
  public:

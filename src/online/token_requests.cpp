@@ -6,6 +6,7 @@
 #include "content/text_between.h"
 #include "content/unicode_text.h"
 #include "online/account_id.h"
+#include "online/service_addresses.h"
 #include "online/service_client.h"
 #include "online/service_list.h"
 
@@ -87,7 +88,7 @@ platform::HttpRequest UserRequest(const Endpoints& endpoints, std::string_view a
 
 platform::HttpRequest NotebooksRequest(const Endpoints& endpoints, const Account& account,
                                        std::chrono::milliseconds deadline) {
-  return BearerGet(GraphBaseUrl(endpoints, account.OnlineOneNoteUserId) + "/onenote/notebooks",
+  return BearerGet(NotebooksUrl(GraphBaseUrl(endpoints, account.OnlineOneNoteUserId)),
                    account.OnlineOneNoteAccessToken, deadline);
 }
 

@@ -13,8 +13,7 @@ void UsePracticeService(PracticeAccount& practice, Endpoints endpoints) {
 
 Result<online::Session> OpenSession(const Services& services, Globals& globals) {
   if (!services.practiceService) {
-    return online::Session{globals.endpoints, globals.settings, globals.onlineMemory,
-                           [&globals] { return SaveSettings(globals); }};
+    return OwnSession(globals);
   }
   Result<Endpoints> endpoints = services.practiceService();
   if (!endpoints.ok()) return Failure{endpoints.error()};
