@@ -2,38 +2,38 @@
 
 #include <algorithm>
 
-#include "shell/config.h"
+#include "files/config.h"
 
 namespace quill::shell {
 namespace {
 
-void Read(const MConfig& config, std::string_view key, bool& value) {
+void Read(const files::MConfig& config, std::string_view key, bool& value) {
   value = config.ReadBool(key, value);
 }
-void Read(const MConfig& config, std::string_view key, std::int64_t& value) {
+void Read(const files::MConfig& config, std::string_view key, std::int64_t& value) {
   value = config.ReadInt(key, value);
 }
-void Read(const MConfig& config, std::string_view key, std::string& value) {
+void Read(const files::MConfig& config, std::string_view key, std::string& value) {
   value = config.ReadString(key, value);
 }
-void Read(const MConfig& config, std::string_view key, StoredDate& value) {
+void Read(const files::MConfig& config, std::string_view key, StoredDate& value) {
   value = config.ReadDate(key, value);
 }
 
-void Write(MConfig& config, std::string_view key, bool value) {
+void Write(files::MConfig& config, std::string_view key, bool value) {
   config.WriteBool(key, value);
 }
-void Write(MConfig& config, std::string_view key, std::int64_t value) {
+void Write(files::MConfig& config, std::string_view key, std::int64_t value) {
   config.WriteInt(key, value);
 }
-void Write(MConfig& config, std::string_view key, const std::string& value) {
+void Write(files::MConfig& config, std::string_view key, const std::string& value) {
   config.WriteString(key, value);
 }
-void Write(MConfig& config, std::string_view key, const StoredDate& value) {
+void Write(files::MConfig& config, std::string_view key, const StoredDate& value) {
   config.WriteDate(key, value);
 }
 
-void ReadRow(const MConfig& config, const SettingRow& row, Settings& settings) {
+void ReadRow(const files::MConfig& config, const SettingRow& row, Settings& settings) {
   std::visit(
       [&](auto field) {
         auto value = settings.*field;
@@ -44,7 +44,7 @@ void ReadRow(const MConfig& config, const SettingRow& row, Settings& settings) {
       row.field);
 }
 
-void WriteRow(MConfig& config, const SettingRow& row, const Settings& settings) {
+void WriteRow(files::MConfig& config, const SettingRow& row, const Settings& settings) {
   std::visit([&](auto field) { Write(config, row.key, settings.*field); }, row.field);
 }
 
@@ -52,7 +52,7 @@ void WriteRow(MConfig& config, const SettingRow& row, const Settings& settings) 
 template <class Wanted>
 Status<> SaveRows(const Globals& globals, Wanted wanted) {
   if (globals.folders.SettingsFile.empty()) return Done();
-  MConfig config(globals.folders.SettingsFile);
+  files::MConfig config(globals.folders.SettingsFile);
   for (const SettingRow& row : SettingTable()) {
     if (wanted(row)) WriteRow(config, row, globals.settings);
   }
@@ -82,7 +82,7 @@ Globals OpenGlobals(const std::filesystem::path& root, const platform::Clock& cl
 }
 
 void LoadSettings(Globals& globals) {
-  const MConfig config(globals.folders.SettingsFile);
+  const files::MConfig config(globals.folders.SettingsFile);
   globals.settingsProblem = config.Problem();
   for (const SettingRow& row : SettingTable()) ReadRow(config, row, globals.settings);
 }

@@ -8,21 +8,10 @@
 #include <variant>
 
 #include "base/result.h"
+#include "base/stored_date.h"
 #include "online/account.h"
 
 namespace quill::shell {
-
-/// A calendar day as the settings file keeps it ("yyyyMMdd"); nothing when the stored text is no such day.
-using StoredDate = std::optional<std::chrono::year_month_day>;
-
-/// The day in a stored text: eight ASCII digits that name a day of the Gregorian calendar, nothing else.
-StoredDate ParseStoredDate(std::string_view text);
-
-/// The stored text of a day; "" for no date.
-std::string StoredDateText(StoredDate date);
-
-/// The calendar day of a moment in the local time zone.
-std::chrono::year_month_day LocalDay(std::chrono::system_clock::time_point moment);
 
 /// All user settings, loaded once at start and owned by the command thread. Defaults are what a first
 /// start without a settings file sees; the two dates default to yesterday and the version to this

@@ -4,7 +4,7 @@
 
 #include "base/atomic_file.h"
 #include "base/version.h"
-#include "shell/config.h"
+#include "files/config.h"
 #include "shell/temporary_folder.h"
 
 namespace quill::shell {
@@ -27,7 +27,7 @@ TEST(Globals, WriteNothingBeforeTheFirstSave) {
   EXPECT_EQ(globals.settings.CheckedUpdateVersion_Last, kVersion);
   ASSERT_TRUE(SaveSettings(globals).ok());
   std::string keys;
-  for (const std::string& key : MConfig(root.path() / kSettings).Keys()) keys += key + " ";
+  for (const std::string& key : files::MConfig(root.path() / kSettings).Keys()) keys += key + " ";
   EXPECT_EQ(keys,
             "CalendarStartWithMonday DateFormat TimeFormat JournalDayFormat Syntax_Lang Syntax_Theme "
             "Syntax_Font Syntax_FontSize Syntax_LineNumbers Syntax_FrameUp Syntax_Shaping Syntax_Bold "
@@ -77,7 +77,7 @@ TEST(SaveSettings, LeavesWhatOthersWroteMeanwhile) {
   const TemporaryFolder root;
   Globals globals = InitGlobals(root.path(), kClock);
   {
-    MConfig other(root.path() / kSettings);
+    files::MConfig other(root.path() / kSettings);
     other.WriteString("OneAppBackup_Last", "20240229");
     other.WriteString("CheckedUpdateVersion_Last", "9.9");
     other.WriteString("Text2Table_Seperator", ";");
@@ -85,7 +85,7 @@ TEST(SaveSettings, LeavesWhatOthersWroteMeanwhile) {
   }
   globals.settings.DateFormat = "dd.MM.yyyy";
   ASSERT_TRUE(SaveSettings(globals).ok());
-  const MConfig saved(root.path() / kSettings);
+  const files::MConfig saved(root.path() / kSettings);
   EXPECT_EQ(saved.ReadString("OneAppBackup_Last", ""), "20240229");
   EXPECT_EQ(saved.ReadString("OneAppUpdate_Last", "absent"), "absent");
   EXPECT_EQ(saved.ReadString("CheckedUpdateVersion_Last", ""), "9.9");
@@ -104,7 +104,7 @@ TEST(Globals, StartWithDefaultsWhenTheFileIsDamaged) {
   EXPECT_EQ(globals.settings.Perform_Timeout, 500000);
   EXPECT_TRUE(fs::exists(file));
   ASSERT_TRUE(SaveSettings(globals).ok());
-  EXPECT_TRUE(fs::exists(MConfig::DamagedCopy(file)));
+  EXPECT_TRUE(fs::exists(files::MConfig::DamagedCopy(file)));
   LoadSettings(globals);
   EXPECT_EQ(globals.settingsProblem, "");
 }

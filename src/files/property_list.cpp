@@ -1,4 +1,4 @@
-#include "shell/property_list.h"
+#include "files/property_list.h"
 
 #include <fmt/format.h>
 #include <plist/plist.h>
@@ -7,9 +7,9 @@
 #include <cstdlib>
 
 #include "platform/posix/c_locale.h"
-#include "shell/property_list_guard.h"
+#include "files/property_list_guard.h"
 
-namespace quill::shell {
+namespace quill::files {
 namespace {
 
 bool XmlCanHold(UChar32 c) {
@@ -149,4 +149,4 @@ Result<PropertyList> ParsePropertyList(std::string_view bytes) {
   return ParsePropertyList(*xml);
 }
 
-}  // namespace quill::shell
+}  // namespace quill::files

@@ -1,11 +1,11 @@
-#include "shell/property_list_guard.h"
+#include "files/property_list_guard.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <string>
 #include <unordered_map>
 
-namespace quill::shell {
+namespace quill::files {
 namespace {
 
 Failure<std::string> TooDeep() {
@@ -169,4 +169,4 @@ Status<> CheckBinaryPropertyList(std::string_view bytes) {
   return BinaryScan(bytes).Check();
 }
 
-}  // namespace quill::shell
+}  // namespace quill::files

@@ -8,7 +8,7 @@
 
 #include "base/result.h"
 
-namespace quill::shell {
+namespace quill::files {
 
 /// More than any settings file of this program holds (two tokens of a few KB, some hundred favourites).
 inline constexpr std::uint32_t kPropertyListLimit = 4 << 20;
@@ -54,4 +54,4 @@ class PropertyList {
 /// list".
 Result<PropertyList> ParsePropertyList(std::string_view bytes);
 
-}  // namespace quill::shell
+}  // namespace quill::files

@@ -1,4 +1,4 @@
-#include "shell/config.h"
+#include "files/config.h"
 
 #include <fmt/format.h>
 
@@ -9,9 +9,9 @@
 #include <type_traits>
 
 #include "base/atomic_file.h"
-#include "shell/property_list.h"
+#include "files/property_list.h"
 
-namespace quill::shell {
+namespace quill::files {
 namespace {
 
 namespace fs = std::filesystem;
@@ -180,4 +180,4 @@ Status<> MConfig::Save() {
   return written;
 }
 
-}  // namespace quill::shell
+}  // namespace quill::files

@@ -1,4 +1,4 @@
-#include "shell/config.h"
+#include "files/config.h"
 
 #include <gtest/gtest.h>
 #include <plist/plist.h>
@@ -12,10 +12,10 @@
 #include <random>
 
 #include "base/atomic_file.h"
-#include "shell/property_list.h"
+#include "files/property_list.h"
 #include "shell/temporary_folder.h"
 
-namespace quill::shell {
+namespace quill::files {
 namespace {
 
 namespace fs = std::filesystem;
@@ -304,4 +304,4 @@ TEST(MConfig, AFailedSaveKeepsTheFileAndSaysWhy) {
 }
 
 }  // namespace
-}  // namespace quill::shell
+}  // namespace quill::files

@@ -3,7 +3,7 @@
 
 #include "base/result.h"
 
-namespace quill::shell {
+namespace quill::files {
 
 /// How deeply lists and dictionaries may be nested. The property-list library frees a tree by recursion
 /// (and reads the binary form so): 100,000 levels, a file of 1.5 MB, overflow an 8 MB stack. The
@@ -20,4 +20,4 @@ Status<> CheckXmlPropertyList(std::string_view bytes);
 /// into more than 64 MB: thirty lists that name their successor twice are a billion values.
 Status<> CheckBinaryPropertyList(std::string_view bytes);
 
-}  // namespace quill::shell
+}  // namespace quill::files

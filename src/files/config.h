@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "base/result.h"
-#include "shell/settings.h"
+#include "base/stored_date.h"
 
-namespace quill::shell {
+namespace quill::files {
 
 /// A property-list file of string keys (XML or binary in, XML out). Values of another type than asked
 /// for are converted as the platform's property lists do: true, 1, "YES" and "true" are true, a text
@@ -57,4 +57,4 @@ class MConfig {
   std::unique_ptr<State> m_state;
 };
 
-}  // namespace quill::shell
+}  // namespace quill::files
