@@ -11,12 +11,12 @@ function(quill_embed_strings out)
   set(${out} ${cpp} PARENT_SCOPE)
 endfunction()
 
-# Compiles a small file into the core as the constant NAME (shell/embedded_files.h).
-function(quill_embed_file out file name)
+# Compiles a small file into the core as the constant NAME of the room's namespace (shell: shell/embedded_files.h).
+function(quill_embed_file out file name room)
   set(cpp ${CMAKE_BINARY_DIR}/generated/${name}.cpp)
   add_custom_command(
     OUTPUT ${cpp}
-    COMMAND ${CMAKE_COMMAND} -DOUT=${cpp} -DFILE=${file} -DNAME=${name} -P ${CMAKE_SOURCE_DIR}/cmake/embed_file.cmake
+    COMMAND ${CMAKE_COMMAND} -DOUT=${cpp} -DFILE=${file} -DNAME=${name} -DROOM=${room} -P ${CMAKE_SOURCE_DIR}/cmake/embed_file.cmake
     DEPENDS ${file} ${CMAKE_SOURCE_DIR}/cmake/embed_file.cmake
     VERBATIM)
   set(${out} ${cpp} PARENT_SCOPE)

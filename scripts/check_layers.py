@@ -18,9 +18,10 @@ MAY_INCLUDE = {
     "ui": {"base", "content", "platform", "tools", "online", "files", "shell"},
     "equation": {"base", "content", "platform", "tools", "shell", "ui"},
     "sign_in": {"base", "content", "platform", "online", "shell", "ui"},
-    "practice": {"base", "content", "platform", "online", "shell", "ui", "equation", "sign_in"},
+    "find_replace": {"base", "content", "platform", "online", "shell", "ui"},
+    "practice": {"base", "content", "platform", "online", "shell", "ui", "equation", "find_replace", "sign_in"},
 }
-QT_ROOMS = ("ui/", "equation/", "sign_in/", "practice/", "platform/qt/")
+QT_ROOMS = ("ui/", "equation/", "find_replace/", "sign_in/", "practice/", "platform/qt/")
 WITHOUT_QT = ("practice/service/", "practice/service_main/")
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s+(["<])([^">]+)[">]')
 QT_HEADER = re.compile(r"^(Q[A-Z]\w*|Qt\w*/.*)$")

@@ -1,8 +1,7 @@
 #!/usr/bin/env python3
 """Holds the texts against the code and the languages against each other. Exit status 1 with one line per breach.
 
-- Every key that the code names is in en.json, and every key there is named in the code, or belongs to a tool that is
-  still to come (AWAITED: a key leaves that list when its tool is built).
+- Every key that the code names is in en.json, and every key there is named in the code.
 - A command's title menuX has other words to be found by, synX, and no synX stands alone. Those keys are composed, so
   the code does not name them.
 - Every other language has the keys of en.json and no others, the same placeholders {0}, {1}, … in each text, an
@@ -15,20 +14,13 @@ import re
 import sys
 
 KEY = re.compile(r'"((?:msg|err|ask|title|str|menu)[A-Z0-9]\w*|errorNotFoundOneNote|appTitle|'
-                 r'Columns|Rows|Paragraphs|Character_No_Spaces|Character_With_Spaces|Words|Non_Asian_Words|Asian_Words|Images)"')
+                 r'WinBackupSuccess|ClearBackupSuccess|MWinFavoriteSectionsTitle|Columns|Rows|Paragraphs|Character_No_Spaces|Character_With_Spaces|Words|Non_Asian_Words|Asian_Words|Images)"')
 COMMENT = re.compile(r"^\s*//.*$", re.MULTILINE)
 PLACEHOLDER = re.compile(r"\{\d\}")
 COMPOSED = ("menuGroup", "syn")
 
 NOT_KEYS = {"titleText"}  # a function of the practice page
 FIXED = {"strNo", "strYes", "appTitle"}  # the same in every language
-AWAITED = set("""
-    askBackupRecovery askClearBackup errBackupCloseOneNote errDeleteTemplate errOneNoteLinks errRestoreFailure
-    errSelectCloudFileAttachmentLink errSelectLink msgCompletePackage msgFavoritePageFailure
-    msgFavoritePageSuccess msgFavoriteSectionFailure msgFavoriteSectionSuccess
-    msgRestoreSuccess msgSaveTemplateFailure msgSaveTemplateSuccess WinBackupSuccess ClearBackupSuccess
-    MWinFavoriteSectionsTitle
-""".split())
 
 
 def code():
@@ -50,8 +42,7 @@ def english_problems(file, texts):
     used = set(KEY.findall(code())) - NOT_KEYS
     composed = {key for key in texts if key.startswith(COMPOSED)}
     problems = [f"{file}: missing {key}" for key in sorted(used - set(texts))]
-    problems += [f"{file}: nobody uses {key}" for key in sorted(set(texts) - used - composed - AWAITED)]
-    problems += [f"{file}: {key} is used now; take it off the list of those awaited" for key in sorted(AWAITED & used)]
+    problems += [f"{file}: nobody uses {key}" for key in sorted(set(texts) - used - composed)]
     return problems + synonym_problems(file, texts)
 
 

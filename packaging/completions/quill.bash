@@ -3,7 +3,7 @@ _quill() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command='' word
   for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
     case "$word" in
-      list | run | trigger | insert | title | normalize | denormalize | image-table | image-text | highlight | phonetics | link | signin | online | monitor | practice | settings | doctor) command=$word && break ;;
+      list | run | trigger | insert | title | normalize | denormalize | image-table | image-text | highlight | phonetics | link | signin | online | monitor | practice | backup | package | restore | extract | onedrive | varlink | favourites | templates | update | settings | doctor) command=$word && break ;;
     esac
   done
   case "$previous" in
@@ -13,7 +13,7 @@ _quill() {
     get | set) COMPREPLY=($(compgen -W "$(quill settings list 2>/dev/null | cut -d' ' -f1)" -- "$current")) && return ;;
   esac
   case "$command" in
-    '') COMPREPLY=($(compgen -W "list run trigger insert title normalize denormalize image-table image-text highlight phonetics link signin online monitor practice settings doctor --root --explain --stats --help --version" -- "$current")) ;;
+    '') COMPREPLY=($(compgen -W "list run trigger insert title normalize denormalize image-table image-text highlight phonetics link signin online monitor practice backup package restore extract onedrive varlink favourites templates update settings doctor --root --explain --stats --help --version" -- "$current")) ;;
     run | trigger)
       local flags="--tag"
       [ "$command" = run ] && flags="--in --fragment --text --out --file --tag --style --mode --separator --columns --rows --phonetic --json"
@@ -30,6 +30,14 @@ _quill() {
     monitor) COMPREPLY=($(compgen -W "--once --json" -- "$current")) ;;
     practice) COMPREPLY=($(compgen -W "--port --data --latency --fault --token-life --sign-in" -- "$current")) ;;
     normalize) COMPREPLY=($(compgen -W "--unchecked" -- "$current")) ;;
+    backup) COMPREPLY=($(compgen -W "run list restore clear --yes --json" -- "$current")) ;;
+    package) COMPREPLY=($(compgen -W "list make --to --json" -- "$current")) ;;
+    restore | extract) COMPREPLY=($(compgen -f -- "$current")) ;;
+    onedrive) COMPREPLY=($(compgen -W "folders find --text --json" -- "$current")) ;;
+    varlink) COMPREPLY=($(compgen -W "make resolve open" -f -- "$current")) ;;
+    favourites) COMPREPLY=($(compgen -W "pages sections list add remove open --json" -- "$current")) ;;
+    templates) COMPREPLY=($(compgen -W "list save insert export import delete --in --json" -f -- "$current")) ;;
+    update) COMPREPLY=($(compgen -W "check --json" -- "$current")) ;;
     settings) COMPREPLY=($(compgen -W "list get set --json" -- "$current")) ;;
     list | doctor) COMPREPLY=($(compgen -W "--json" -- "$current")) ;;
   esac

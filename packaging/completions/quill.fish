@@ -1,5 +1,5 @@
 # fish completion for quill
-set -l commands list run trigger insert title normalize denormalize image-table image-text highlight phonetics link signin online monitor practice settings doctor
+set -l commands list run trigger insert title normalize denormalize image-table image-text highlight phonetics link signin online monitor practice backup package restore extract onedrive varlink favourites templates update settings doctor
 complete -c quill -f
 complete -c quill -n "not __fish_seen_subcommand_from $commands" -a "$commands"
 complete -c quill -l root -r -d 'Keep every folder below DIR'
@@ -66,3 +66,16 @@ complete -c quill -n '__fish_seen_subcommand_from practice' -l data -r -F -d 'Fo
 complete -c quill -n '__fish_seen_subcommand_from practice' -l latency -r -d 'Milliseconds before each answer'
 complete -c quill -n '__fish_seen_subcommand_from practice' -l fault -r -d 'NAME[@PATH][+SKIP][xCOUNT]'
 complete -c quill -n '__fish_seen_subcommand_from practice' -l token-life -r -d 'Seconds'
+complete -c quill -n '__fish_seen_subcommand_from backup' -a 'run list restore clear'
+complete -c quill -n '__fish_seen_subcommand_from backup' -l yes -d 'Agree to what is asked'
+complete -c quill -n '__fish_seen_subcommand_from package' -a 'list make'
+complete -c quill -n '__fish_seen_subcommand_from package' -l to -r -F -d 'Folder of the packages'
+complete -c quill -n '__fish_seen_subcommand_from restore extract' -F
+complete -c quill -n '__fish_seen_subcommand_from onedrive' -a 'folders find'
+complete -c quill -n '__fish_seen_subcommand_from onedrive' -l text -r -d 'Text of the link'
+complete -c quill -n '__fish_seen_subcommand_from varlink' -a 'make resolve open' -F
+complete -c quill -n '__fish_seen_subcommand_from favourites' -a 'pages sections list add remove open'
+complete -c quill -n '__fish_seen_subcommand_from templates' -a 'list save insert export import delete' -F
+complete -c quill -n '__fish_seen_subcommand_from templates' -l in -r -F -d 'HTML'
+complete -c quill -n '__fish_seen_subcommand_from update' -a 'check'
+complete -c quill -n '__fish_seen_subcommand_from backup package onedrive favourites templates update' -l json -d 'One JSON object'

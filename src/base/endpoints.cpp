@@ -22,7 +22,10 @@ Endpoints FindEndpoints() {
   TakeFromEnvironment("QUILL_SIGNIN_URL", endpoints.signIn);
   TakeFromEnvironment("QUILL_WEBAPP_URL", endpoints.webApp);
   TakeFromEnvironment("QUILL_DOCUMENT_HOST", endpoints.documentHost);
+  TakeFromEnvironment("QUILL_EMBED_URL", endpoints.embed);
   TakeFromEnvironment("QUILL_CLIENT_ID", endpoints.clientId);
+  TakeFromEnvironment("QUILL_UPDATE_URL", endpoints.update);
+  TakeFromEnvironment("QUILL_PRODUCT_URL", endpoints.product);
   return endpoints;
 }
 

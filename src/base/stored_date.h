@@ -6,8 +6,8 @@
 
 namespace quill {
 
-/// A calendar day as the settings file and the backups' folders keep it ("yyyyMMdd"); nothing when the stored text
-/// is no such day.
+/// A calendar day as the settings file and the backups' folders keep it ("yyyyMMdd"); nothing when the stored
+/// text is no such day.
 using StoredDate = std::optional<std::chrono::year_month_day>;
 
 /// The day in a stored text: eight ASCII digits that name a day of the Gregorian calendar, nothing else.

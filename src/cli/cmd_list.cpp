@@ -24,8 +24,7 @@ nlohmann::json Describe(const shell::CommandRow& row, const shell::StringTable& 
   nlohmann::json object = {{"action", row.action},
                            {"title", strings.Text(row.titleKey)},
                            {"number", row.number == 0 ? nlohmann::json() : nlohmann::json(row.number)},
-                           {"needs", NeedNames(row.needs)},
-                           {"built", !shell::IsNotBuiltYet(row)}};
+                           {"needs", NeedNames(row.needs)}};
   if (row.hotKey != 0) object["hotKey"] = fmt::format("Control+Option+Shift+{}", row.hotKey);
   return object;
 }
@@ -33,9 +32,8 @@ nlohmann::json Describe(const shell::CommandRow& row, const shell::StringTable& 
 void PrintTable(const Call& call) {
   std::string text;
   for (const shell::CommandRow& row : shell::CommandTable()) {
-    text +=
-        fmt::format("{:>5}  {:<42} {:<32}{}\n", row.number == 0 ? "" : std::to_string(row.number), row.action,
-                    call.strings.Text(row.titleKey), shell::IsNotBuiltYet(row) ? " (not built yet)" : "");
+    text += fmt::format("{:>5}  {:<42} {}\n", row.number == 0 ? "" : std::to_string(row.number), row.action,
+                        call.strings.Text(row.titleKey));
   }
   WriteOutput("", text);
 }

@@ -16,6 +16,8 @@
 namespace quill::cli {
 namespace {
 
+constexpr std::int64_t kSaveAsTemplate = 8;
+
 struct RunOptions {
   std::string command;
   std::optional<std::string> in;
@@ -82,6 +84,8 @@ int RunOnFiles(Call& call, const RunOptions& options, const shell::CommandRow& r
   if (row.number == 0) {
     throw Stop(kWrongCall, fmt::format("{} does not work on a file; use `quill trigger`", row.action));
   }
+  if (row.number == kSaveAsTemplate)
+    throw Stop(kWrongCall, "a template needs a name; use `quill templates save NAME --in FILE`");
   FileInput input = ReadInput(options);
   if (row.number == 25) {
     input.title = input.text.value_or(input.html);

@@ -34,12 +34,19 @@ void AddImage(CLI::App& app, Call& call);
 void AddHighlight(CLI::App& app, Call& call);
 void AddPhonetics(CLI::App& app, Call& call);
 void AddLink(CLI::App& app, Call& call);
+void AddFavourites(CLI::App& app, Call& call);
+void AddTemplates(CLI::App& app, Call& call);
 void AddOnline(CLI::App& app, Call& call);
+void AddPackage(CLI::App& app, Call& call);
 void AddSettings(CLI::App& app, Call& call);
 void AddSignin(CLI::App& app, Call& call);
 void AddMonitor(CLI::App& app, Call& call);
+void AddBackup(CLI::App& app, Call& call);
+void AddUpdate(CLI::App& app, Call& call);
 void AddTrigger(CLI::App& app, Call& call);
 void AddDoctor(CLI::App& app, Call& call);
 void AddPractice(CLI::App& app, Call& call);
+void AddOneDrive(CLI::App& app, Call& call);
+void AddVarLink(CLI::App& app, Call& call);
 
 }  // namespace quill::cli

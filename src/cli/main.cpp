@@ -27,13 +27,20 @@ void AddCommands(CLI::App& app, Call& call) {
   quill::cli::AddHighlight(app, call);
   quill::cli::AddPhonetics(app, call);
   quill::cli::AddLink(app, call);
+  quill::cli::AddFavourites(app, call);
+  quill::cli::AddTemplates(app, call);
   quill::cli::AddOnline(app, call);
+  quill::cli::AddPackage(app, call);
   quill::cli::AddSettings(app, call);
   quill::cli::AddSignin(app, call);
   quill::cli::AddMonitor(app, call);
+  quill::cli::AddBackup(app, call);
+  quill::cli::AddUpdate(app, call);
   quill::cli::AddTrigger(app, call);
   quill::cli::AddDoctor(app, call);
   quill::cli::AddPractice(app, call);
+  quill::cli::AddOneDrive(app, call);
+  quill::cli::AddVarLink(app, call);
 }
 
 /// Help and version are answers; every other complaint of the parser is a wrong call.

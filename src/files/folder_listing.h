@@ -14,9 +14,9 @@ struct FolderEntry {
   bool isLink = false;    ///< a symbolic link, wherever it leads
 };
 
-/// The entries of a folder in the order in which the file system gives them, hidden ones included, "." and ".."
-/// not. Entries that vanish meanwhile are left out. Fails with the folder's name and the system's reason when the
-/// folder cannot be read. Any thread.
+/// The entries of a folder in the order in which the file system gives them, hidden ones included, "." and
+/// ".." not. Entries that vanish meanwhile are left out. Fails with the folder's name and the system's reason
+/// when the folder cannot be read. Any thread.
 Result<std::vector<FolderEntry>> ListFolder(const std::filesystem::path& folder);
 
 }  // namespace quill::files

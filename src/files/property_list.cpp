@@ -6,8 +6,8 @@
 
 #include <cstdlib>
 
-#include "platform/posix/c_locale.h"
 #include "files/property_list_guard.h"
+#include "platform/posix/c_locale.h"
 
 namespace quill::files {
 namespace {

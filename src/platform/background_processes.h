@@ -12,9 +12,9 @@ class BackgroundProcesses {
 
   virtual ~BackgroundProcesses() = default;
 
-  /// Starts the program and returns at once; several may run side by side. `done` is called once on the command
-  /// thread, never from within `Start`; it is dropped when this program ends first, and the other one is ended
-  /// then.
+  /// Starts the program and returns at once; several may run side by side. `done` is called once on the
+  /// command thread, never from within `Start`; it is dropped when this program ends first, and the other one
+  /// is ended then.
   virtual void Start(ProcessRequest request, Done done) = 0;
 };
 

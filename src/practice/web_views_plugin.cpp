@@ -7,6 +7,7 @@
 
 #include "equation/equation_stack.h"
 #include "equation/mathjax_source.h"
+#include "find_replace/find_replace_browser.h"
 #include "practice/built_in_pages.h"
 #include "practice/practice_notebook.h"
 #include "sign_in/sign_in_browser.h"
@@ -53,6 +54,11 @@ std::unique_ptr<ui::EquationView> WebViewsPlugin::CreateEquationView(const ui::E
 
 std::unique_ptr<ui::SignInView> WebViewsPlugin::CreateSignInView(const shell::StringTable& strings) {
   return std::make_unique<sign_in::SignInBrowser>(strings);
+}
+
+std::unique_ptr<ui::FindReplaceView> WebViewsPlugin::CreateFindReplaceView(
+    const shell::StringTable& strings) {
+  return std::make_unique<find_replace::FindReplaceBrowser>(strings);
 }
 
 }  // namespace quill::practice

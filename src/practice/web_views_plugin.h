@@ -11,7 +11,7 @@ namespace quill::practice {
 /// display without GL would end the process at the first view.
 class WebViewsPlugin final : public QObject, public ui::WebViews {
   Q_OBJECT
-  Q_PLUGIN_METADATA(IID "quillmenu.WebViews/2")
+  Q_PLUGIN_METADATA(IID "quillmenu.WebViews/3")
   Q_INTERFACES(quill::ui::WebViews)
  public:
   WebViewsPlugin();
@@ -19,6 +19,7 @@ class WebViewsPlugin final : public QObject, public ui::WebViews {
       const ui::PracticeOptions& options) override;
   std::unique_ptr<ui::EquationView> CreateEquationView(const ui::EquationOptions& options) override;
   std::unique_ptr<ui::SignInView> CreateSignInView(const shell::StringTable& strings) override;
+  std::unique_ptr<ui::FindReplaceView> CreateFindReplaceView(const shell::StringTable& strings) override;
 };
 
 }  // namespace quill::practice

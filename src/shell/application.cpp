@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "platform/posix/memory_policy.h"
+#include "shell/shortcut_installer.h"
 #include "shell/url_handler.h"
 #include "shell/window_requests.h"
 
@@ -81,16 +82,19 @@ Application::Application(Parts parts)
     : m_parts(std::move(parts)),
       m_housekeeping(m_parts.globals, m_parts.idleSource, m_parts.clock),
       m_settingsWatch(m_parts.globals.folders.SettingsFile) {
-  if (m_parts.engines.http != nullptr) {
-    m_requests = std::make_unique<BackgroundRequests>(
-        m_parts.engines.http, [this](std::function<void()> job) { m_thread->Post(std::move(job)); });
-  }
+  const auto post = [this](std::function<void()> job) { m_thread->Post(std::move(job)); };
+  if (m_parts.engines.http != nullptr)
+    m_requests = std::make_unique<BackgroundRequests>(m_parts.engines.http, post);
+  if (m_parts.engines.processes != nullptr)
+    m_processes = std::make_unique<BackgroundProcesses>(m_parts.engines.processes, post);
   m_thread = std::make_unique<CommandThread>([this] { Tick(); }, kHousekeepingPeriod);
-  m_thread->Post([this, thread = m_thread.get()] { WatchPages(*thread); });
+  m_thread->Post([this, thread = m_thread.get()] { BeginWatching(*thread); });
 }
 
 Application::~Application() {
-  if (m_requests) m_requests->Stop();  // while there is a thread for their answers
+  // While there is a thread for their answers.
+  if (m_requests) m_requests->Stop();
+  if (m_processes) m_processes->Stop();
 }
 
 void Application::Tick() {
@@ -98,8 +102,7 @@ void Application::Tick() {
   if (m_pageWatch) m_pageWatch->Tick();
 }
 
-void Application::WatchPages(CommandThread& thread) {
-  if (m_requests == nullptr) return;
+void Application::BeginWatching(CommandThread& thread) {
   const auto askForScreen = [this, &thread](std::function<void(bool)> answer) {
     const auto take = [this, &thread, answer = std::move(answer)](bool isFree) {
       thread.Post([this, answer, isFree] {
@@ -109,6 +112,15 @@ void Application::WatchPages(CommandThread& thread) {
     };
     m_parts.askForScreen ? m_parts.askForScreen(take) : take(true);
   };
+  m_housekeeping.WaitForScreen(askForScreen);
+  if (m_processes) {
+    m_backupJob = std::make_unique<BackupJob>(m_parts.globals, *m_processes, m_parts.idleSource, m_parts.log);
+    m_backupJob->AddTo(m_housekeeping);
+  }
+  if (!m_requests) return;
+  m_updateJobs = std::make_unique<UpdateJobs>(
+      UpdateJobs::Parts{m_parts.globals, *m_requests, m_parts.ui, m_parts.workspace, m_parts.log});
+  m_updateJobs->AddTo(m_housekeeping);
   m_pageWatch = std::make_unique<PageWatch>(PageWatch::Parts{
       m_parts.globals, *m_requests, m_parts.clock, m_parts.ui, m_parts.strings, m_parts.log, askForScreen});
 }
@@ -200,6 +212,10 @@ void Application::OpenLink(std::string url, const std::function<void(Outcome)>& 
       [url = std::move(url)](CommandContext& context) { ResponseClickOnVarLink(context, url); }, done);
 }
 
+void Application::InstallShortcut(const std::function<void(Outcome)>& done) {
+  RunJob(std::string(m_parts.strings.Text("strInstallShortcut")), InstallCopyLinkShortcut, done);
+}
+
 Outcome Application::RunAndWait(const RunRequest& request) {
   std::promise<Outcome> promise;
   Run(request, [&promise](Outcome outcome) { promise.set_value(std::move(outcome)); });
@@ -211,6 +227,7 @@ std::string Application::Answer(std::string_view requestLine) {
   if (!request.is_object()) return ErrorLine("the request is not a JSON object");
   if (request.contains("ping")) return nlohmann::json{{"ok", true}}.dump();
   if (request.contains("url") && request["url"].is_string()) return AnswerUrl(request["url"]);
+  if (request.contains("install")) return AnswerInstall();
   if (!request.contains("trigger")) return ErrorLine("the request has no \"trigger\", \"url\" or \"ping\"");
   const CommandRow* row = RequestedRow(request["trigger"]);
   if (row == nullptr) return ErrorLine("no such action");
@@ -222,10 +239,17 @@ std::string Application::Answer(std::string_view requestLine) {
 
 std::string Application::AnswerUrl(std::string url) {
   // Nobody waits: the program that was started with the link ends as soon as it is handed over.
-  OpenLink(std::move(url), [this](const Outcome& outcome) {
-    if (!outcome.ran) m_parts.ui.ShowWindow(NoticeRequest{outcome.messages.front()});
-  });
+  OpenLink(std::move(url), [this](const Outcome& outcome) { TellRefusal(outcome); });
   return nlohmann::json{{"ok", true}}.dump();
+}
+
+std::string Application::AnswerInstall() {
+  InstallShortcut([this](const Outcome& outcome) { TellRefusal(outcome); });
+  return nlohmann::json{{"ok", true}}.dump();
+}
+
+void Application::TellRefusal(const Outcome& outcome) {
+  if (!outcome.ran) m_parts.ui.ShowWindow(NoticeRequest{outcome.messages.front()});
 }
 
 }  // namespace quill::shell

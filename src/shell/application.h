@@ -12,7 +12,9 @@
 #include "platform/clock.h"
 #include "platform/user_interface.h"
 #include "platform/workspace.h"
+#include "shell/background_processes.h"
 #include "shell/background_requests.h"
+#include "shell/backup_job.h"
 #include "shell/command_table.h"
 #include "shell/command_thread.h"
 #include "shell/engines.h"
@@ -22,6 +24,7 @@
 #include "shell/page_watch.h"
 #include "shell/settings_watch.h"
 #include "shell/string_table.h"
+#include "shell/update_jobs.h"
 
 namespace quill::shell {
 
@@ -51,7 +54,9 @@ class Application {
     platform::UserInterface& ui;
     platform::ChooseBackend chooseBackend;
     platform::Workspace& workspace;
-    platform::Desktop& idleSource;  ///< tells the idle time to the housekeeping
+    /// The user's own desktop, whatever the commands work in: tells the housekeeping the idle time, and
+    /// whether OneNote is open.
+    platform::Desktop& idleSource;
     Log& log;
     /// Told, on the command thread, that the settings file was written and has been read again.
     std::function<void(const Settings& settings)> onSettingsRead = nullptr;
@@ -93,12 +98,15 @@ class Application {
   /// are ignored. Waits for nothing. Any thread.
   void OpenLink(std::string url, const std::function<void(Outcome)>& done);
 
+  /// Gives OneNote's command "Copy Link to Page" its keys, as a command. Waits for nothing. Any thread.
+  void InstallShortcut(const std::function<void(Outcome)>& done);
+
   /// The setting by which OneNote's window is found. Command thread.
   const std::string& TargetWindowPattern() const { return m_parts.globals.settings.TargetWindowPattern; }
 
   /// One request line of the local channel and its answer line (JSON both). Called on the channel's
-  /// thread. Requests: {"trigger": ACTION or NUMBER, "argument": N, "explain": true}, {"url": LINK} and
-  /// {"ping": true}.
+  /// thread. Requests: {"trigger": ACTION or NUMBER, "argument": N, "explain": true}, {"url": LINK},
+  /// {"install": true} (see `InstallShortcut`) and {"ping": true}.
   std::string Answer(std::string_view requestLine);
 
  private:
@@ -112,16 +120,22 @@ class Application {
   void Start(std::string name, JobOptions options, Job job, const std::function<void(Outcome)>& done);
   Outcome Execute(const JobOptions& options, const Job& job);
   std::string AnswerUrl(std::string url);
+  std::string AnswerInstall();
+  /// Tells a refusal to a user whom nobody waits for.
+  void TellRefusal(const Outcome& outcome);
   void ReadChangedSettings();
   void Tick();
-  /// Begins to watch the number of pages. Command thread.
-  void WatchPages(CommandThread& thread);
+  /// Begins with what is done between commands. Command thread.
+  void BeginWatching(CommandThread& thread);
 
   Parts m_parts;
   Housekeeping m_housekeeping;
   SettingsWatch m_settingsWatch;
-  std::unique_ptr<BackgroundRequests> m_requests;  ///< null without a way to the services
+  std::unique_ptr<BackgroundRequests> m_requests;    ///< null without a way to the services
+  std::unique_ptr<BackgroundProcesses> m_processes;  ///< null without a way to other programs
   std::unique_ptr<PageWatch> m_pageWatch;
+  std::unique_ptr<BackupJob> m_backupJob;
+  std::unique_ptr<UpdateJobs> m_updateJobs;
   std::unique_ptr<CommandThread> m_thread;
 };
 

@@ -3,12 +3,16 @@
 #include <algorithm>
 #include <numeric>
 
+#include "shell/backup_actions.h"
 #include "shell/content_actions.h"
 #include "shell/engine_commands.h"
-#include "shell/not_built_yet.h"
+#include "shell/favourite_actions.h"
 #include "shell/onenote_main.h"
 #include "shell/online_actions.h"
+#include "shell/open_notebook.h"
+#include "shell/package_actions.h"
 #include "shell/program_actions.h"
+#include "shell/template_actions.h"
 #include "shell/transform_table.h"
 #include "shell/window_requests.h"
 
@@ -91,14 +95,14 @@ constexpr CommandRow kCommands[] = {
     {"MenuItemText2TableClick", Table, 18, 0, "menuText2Table", 0, kSelection, RunTransform},
     {"MenuItemSaveTableAsCSVClick", Table, 19, 0, "menuSaveTableAsCSV", 0, kSelection, RunTransform},
     {"MenuItemImageTableClick", Table, 0, 0, "menuImageTable", 0, kOneNote, ImageTable},
-    {"MenuItemTemplateClick", Templates, 0, 0, "menuTemplate", 0, kOneNote, NotBuiltYet},
+    {"MenuItemTemplateClick", Templates, 0, 0, "menuTemplate", 0, kOneNote, Template},
     {"MenuItemSaveAsTemplateClick", Templates, 8, 0, "menuSaveAsTemplate", 0, kSelection, RunTransform},
-    {"MenuItemFavoriteCurrentPageClick", Favourites, 0, 0, "menuFavoriteCurrentPage", 0, kOneNote, NotBuiltYet},
-    {"MenuItemFavoritePageItemClick", Favourites, 0, 0, "menuFavoritePageItem", 0, kOneNote, NotBuiltYet, nullptr, Place::Dynamic},
-    {"MenuItemManagerFavoritePages", Favourites, 0, 0, "menuManagerFavoritePages", 0, kNothing, NotBuiltYet},
-    {"MenuItemFavoriteCurrentSectionClick", Favourites, 0, 0, "menuFavoriteCurrentSection", 0, kOneNote, NotBuiltYet},
-    {"MenuItemFavoriteSectionItemClick", Favourites, 0, 0, "menuFavoriteSectionItem", 0, kOneNote, NotBuiltYet, nullptr, Place::Dynamic},
-    {"MenuItemManagerFavoriteSections", Favourites, 0, 0, "menuManagerFavoriteSections", 0, kNothing, NotBuiltYet},
+    {"MenuItemFavoriteCurrentPageClick", Favourites, 0, 0, "menuFavoriteCurrentPage", 0, kOneNote, FavoriteCurrentPage},
+    {"MenuItemFavoritePageItemClick", Favourites, 0, 0, "menuFavoritePageItem", 0, kOneNote, FavoritePageItem, nullptr, Place::Dynamic},
+    {"MenuItemManagerFavoritePages", Favourites, 0, 0, "menuManagerFavoritePages", 0, kNothing, nullptr, ManagerFavoritePages},
+    {"MenuItemFavoriteCurrentSectionClick", Favourites, 0, 0, "menuFavoriteCurrentSection", 0, kOneNote, FavoriteCurrentSection},
+    {"MenuItemFavoriteSectionItemClick", Favourites, 0, 0, "menuFavoriteSectionItem", 0, kOneNote, FavoriteSectionItem, nullptr, Place::Dynamic},
+    {"MenuItemManagerFavoriteSections", Favourites, 0, 0, "menuManagerFavoriteSections", 0, kNothing, nullptr, ManagerFavoriteSections},
     {"MenuItemTableOfContentsHeadingsClick", Online, 0, 2, "menuTableOfContentsHeadings", 0, kPageOnline, RunOnline},
     {"MenuItemTableOfContentsSectionPagesClick", Online, 0, 10000, "menuTableOfContentsSectionPages", 0, kPageOnline, RunOnline},
     {"MenuItemTableOfContentsNotebooksClick", Online, 0, 10001, "menuTableOfContentsNotebooks", 0, kPageOnline, RunOnline},
@@ -112,12 +116,12 @@ constexpr CommandRow kCommands[] = {
     {"MenuItemDiagnosticsClick", Files, 1, 0, "menuDiagnostics", 0, kSelection, RunTransform},
     {"MenuItemSaveAsClick", Files, 6, 0, "menuSaveAs", 0, kSelection, RunTransform},
     {"MenuItemSaveAsWordDocumentClick", Files, 7, 0, "menuSaveAsWordDocument", 0, kWord, RunTransform},
-    {"MenuItemPackageNotebooksClick", Files, 0, 0, "menuPackageNotebooks", 0, kNothing, NotBuiltYet},
-    {"MenuItemResoteQuillpkgFileClick", Files, 0, 0, "menuRestoreQuillpkg", 0, kNothing, NotBuiltYet},
-    {"MenuItemExtractOnepkgFileClick", Files, 0, 0, "menuExtractOnepkg", 0, kNothing, NotBuiltYet},
-    {"MenuItemResoteOnepkgFileClick", Files, 0, 0, "menuRestoreOnepkg", 0, kNothing, NotBuiltYet},
-    {"MenuItemRestoreA4OneNoteTemplateClick", Files, 0, 0, "menuRestoreA4Template", 0, kNothing, NotBuiltYet},
-    {"MenuItemRestoreOneSectionFileClick", Files, 0, 0, "menuRestoreOneSection", 0, kNothing, NotBuiltYet},
+    {"MenuItemPackageNotebooksClick", Files, 0, 0, "menuPackageNotebooks", 0, kNothing, PackageNotebooksClick},
+    {"MenuItemResoteQuillpkgFileClick", Files, 0, 0, "menuRestoreQuillpkg", 0, kNothing, RestoreQuillpkgFile},
+    {"MenuItemExtractOnepkgFileClick", Files, 0, 0, "menuExtractOnepkg", 0, kNothing, ExtractOnepkgFile},
+    {"MenuItemResoteOnepkgFileClick", Files, 0, 0, "menuRestoreOnepkg", 0, kNothing, RestoreOnepkgFile},
+    {"MenuItemRestoreA4OneNoteTemplateClick", Files, 0, 0, "menuRestoreA4Template", 0, kNothing, RestoreA4OneNoteTemplate},
+    {"MenuItemRestoreOneSectionFileClick", Files, 0, 0, "menuRestoreOneSection", 0, kNothing, RestoreOneSectionFile},
     {"MenuItemPagesNumberClick", Files, 0, 0, "menuPagesNumber", 0, kSignedIn, nullptr, Show<PagesNumberRequest>},
     {"MenuItemADayPagesClick", Files, 0, 0, "menuADayPages", 0, kSignedIn, nullptr, Show<ADayPagesRequest>},
     {"MenuItemSyntaxHighlightClick", Insert, 0, 0, "menuSyntaxHighlight", 0, kOneNote, SyntaxHighlight},
@@ -127,12 +131,12 @@ constexpr CommandRow kCommands[] = {
     {"MenuItemRunOneNoteClick", Program, 0, 0, "menuRunOneNote", 0, kNothing, RunOneNote},
     {"MenuItemCacheFolderClick", Program, 0, 0, "menuCacheFolder", 0, kNothing, ShowCacheFolder},
     {"MenuItemImportNotebookClick", Program, 0, 0, "menuImportNotebook", 0, kNothing, ImportNotebook},
-    {"MenuItemOpenNotebookByLink", Program, 0, 0, "menuOpenNotebookByLink", 0, kNothing, NotBuiltYet},
+    {"MenuItemOpenNotebookByLink", Program, 0, 0, "menuOpenNotebookByLink", 0, kNothing, OpenNotebookByLink},
     {"MenuItemRulerClick", Program, 0, 0, "menuRuler", 0, kNothing, nullptr, Show<RulerRequest>},
     {"MenuItemAboutClick", Program, 0, 0, "menuAbout", 0, kNothing, nullptr, Show<AboutRequest>},
     {"MenuItemSignInClick", Program, 0, 0, "menuSignIn", 0, kNothing, SignIn, nullptr, Place::Palette},
     {"MenuItemSignOutClick", Program, 0, 0, "menuSignOut", 0, kSignedIn, SignOut, nullptr, Place::Palette},
-    {"MenuItemBackupsClick", Program, 0, 0, "menuBackups", 0, kNothing, NotBuiltYet, nullptr, Place::Palette},
+    {"MenuItemBackupsClick", Program, 0, 0, "menuBackups", 0, kNothing, nullptr, Show<BackupsRequest>, Place::Palette},
     {"MenuItemTestCopyFromOneNoteClick", Program, 0, 0, "menuTestCopyFromOneNote", 0, kSelection, TestCopyFromOneNote, nullptr, Place::Nowhere},
     {"MenuItemTestCopyFromClipboardClick", Program, 0, 0, "menuTestCopyFromClipboard", 0, kNothing, TestCopyFromClipboard, nullptr, Place::Nowhere},
     {"MenuItemCommandPaletteClick", Top, 0, 0, "menuCommandPalette", 'P', kNothing, nullptr, Show<PaletteRequest>},
@@ -222,17 +226,6 @@ std::vector<std::string> NearestActions(std::string_view name, std::size_t most)
   for (std::size_t i = 0; i < std::min(most, candidates.size()); ++i)
     names.emplace_back(candidates[i].second);
   return names;
-}
-
-void NotBuiltYet(CommandContext& context, const CommandRow&) {
-  SayNotBuiltYet(context.services);
-}
-
-bool IsNotBuiltYet(const CommandRow& row) {
-  if (row.handler == NotBuiltYet) return true;
-  if (row.handler != RunTransform) return false;
-  const TransformRow* transform = FindTransform(row.number);
-  return transform == nullptr || transform->run == TransformNotBuiltYet;
 }
 
 }  // namespace quill::shell

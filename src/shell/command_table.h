@@ -65,7 +65,7 @@ using WindowOpener = void (*)(platform::UserInterface& ui);
 enum class Place {
   Menu,     ///< in the menu and in the palette
   Palette,  ///< in the palette
-  Dynamic,  ///< in the menu only, one entry for each of the user's favourites
+  Dynamic,  ///< in the menu and in the palette, one entry for each of the user's favourites
   Nowhere   ///< a test item, or one that only makes sense from outside
 };
 
@@ -95,11 +95,5 @@ const CommandRow* FindCommandByNumber(std::int64_t number);
 
 /// Up to `most` action names close to a name that was not found, nearest first.
 std::vector<std::string> NearestActions(std::string_view name, std::size_t most = 3);
-
-/// The one handler behind every action whose tool does not exist yet: says so.
-void NotBuiltYet(CommandContext& context, const CommandRow& row);
-
-/// True when the action, or the numbered transform behind it, only says that it is not built yet.
-bool IsNotBuiltYet(const CommandRow& row);
 
 }  // namespace quill::shell

@@ -18,16 +18,26 @@ enum class HousekeepingSlot { Backup, UpdateDownload, UpdateNotice };
 /// whether there is work today. The owner calls `Tick` on the command thread, never while a command runs.
 class Housekeeping {
  public:
-  using Work = std::function<void(Globals& globals, std::chrono::system_clock::time_point now)>;
+  using Moment = std::chrono::system_clock::time_point;
+  using Work = std::function<void(Globals& globals, Moment now)>;
+  /// Whether a job has work to do. Asked before the screen is, so it is to be cheap.
+  using IsDue = std::function<bool(const Globals& globals, Moment now)>;
+  /// Finds out whether a menu or a modal window is open, and tells it once, then or later, on the command
+  /// thread.
+  using AskForScreen = std::function<void(std::function<void(bool isFree)>)>;
 
   Housekeeping(Globals& globals, platform::Desktop& desktop, const platform::Clock& clock);
 
   /// Puts the work into its slot, in place of what was there. Idle time and switch belong to the slot:
-  /// 10 s and `OneAppBackup_Enable`, 20 s, 30 s.
-  void AddJob(HousekeepingSlot slot, Work work);
+  /// 10 s and `OneAppBackup_Enable`, 20 s, 30 s. Work without `isDue` is due always.
+  void AddJob(HousekeepingSlot slot, Work work, IsDue isDue = nullptr);
 
-  /// Asks for the idle time once (not at all while there are no jobs) and runs the jobs that may run. A
-  /// tick inside a job does nothing. An unknown idle time (−1) counts as a user who is there.
+  /// From here on nothing is done while a menu or a modal window is open.
+  void WaitForScreen(AskForScreen ask) { m_askForScreen = std::move(ask); }
+
+  /// Asks for the idle time (not at all while there are no jobs), and when a job may run that is due, for the
+  /// screen; runs the jobs then. A tick inside a job or before the screen's answer does nothing. An unknown
+  /// idle time (−1) counts as a user who is there.
   void Tick();
 
  private:
@@ -36,12 +46,19 @@ class Housekeeping {
     std::int64_t minIdleSeconds;
     bool (*enabled)(const Settings& settings);
     Work run;
+    IsDue isDue;
   };
+
+  bool MayRun(const Job& job) const;
+  bool HasWork() const;
+  void RunJobs();
 
   Globals& m_globals;
   platform::Desktop& m_desktop;
   const platform::Clock& m_clock;
   std::vector<Job> m_jobs;
+  AskForScreen m_askForScreen;
+  bool m_isAsking = false;
   bool m_ticking = false;
 };
 

@@ -1,8 +1,23 @@
 #include "shell/menu_state.h"
 
+#include "files/favourites/favourite_list.h"
+#include "files/name_number.h"
+#include "shell/favourites.h"
 #include "shell/online_session.h"
 
 namespace quill::shell {
+namespace {
+
+std::vector<FavouriteItem> FavouriteItems(const Folders& folders, FavoriteType type) {
+  std::vector<FavouriteItem> items;
+  for (const files::Favourite& one : files::FavouriteList(FavouritesFile(folders, type)).All()) {
+    if (items.size() == kMostFavouriteItems) break;
+    items.push_back({FavouriteTitle(type, one.link), files::NumberOfName(one.id)});
+  }
+  return items;
+}
+
+}  // namespace
 
 MenuState LookAtMenuState(const platform::Backend& backend, const Globals& globals) {
   MenuState state;
@@ -11,11 +26,12 @@ MenuState LookAtMenuState(const platform::Backend& backend, const Globals& globa
   const online::Account& account = AccountOf(globals, backend.name == platform::kPracticeBackend);
   state.signedIn = !account.OnlineOneNoteAccessToken.empty() || !account.OnlineOneNoteRefreshToken.empty();
   state.startWithMonday = globals.settings.CalendarStartWithMonday;
+  state.favouritePages = FavouriteItems(globals.folders, FavoriteType::Pages);
+  state.favouriteSections = FavouriteItems(globals.folders, FavoriteType::Sections);
   return state;
 }
 
 std::string_view WhyNotNow(const CommandRow& row, const MenuState& state) {
-  if (IsNotBuiltYet(row)) return "msgNotBuiltYet";
   struct Missing {
     Needs need;
     bool there;

@@ -9,10 +9,14 @@
 
 namespace quill::shell {
 
+/// How many favourites of a kind are shown in the menu; their window shows all.
+inline constexpr std::size_t kMostFavouriteItems = 500;
+
 /// One of the user's favourite pages or sections in the menu.
 struct FavouriteItem {
-  std::string title;
+  std::string title;      ///< may be empty, or hold anything
   std::int64_t argument;  ///< what its action is given
+  bool operator==(const FavouriteItem&) const = default;
 };
 
 /// What the menu shows besides the table: what is there, what is on. What has not been looked at yet counts
@@ -26,7 +30,7 @@ struct MenuState {
   std::vector<FavouriteItem> favouriteSections;
 };
 
-/// Looks at the desktop and the settings. Command thread.
+/// Looks at the desktop, the settings and the files of the favourites. Command thread.
 MenuState LookAtMenuState(const platform::Backend& backend, const Globals& globals);
 
 /// The string-table key of the reason why an action cannot run now; empty when it can. What is selected in

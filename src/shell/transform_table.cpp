@@ -2,9 +2,11 @@
 
 #include "shell/engine_commands.h"
 #include "shell/exports.h"
-#include "shell/not_built_yet.h"
+#include "shell/link_actions.h"
+#include "shell/onedrive_actions.h"
 #include "shell/picture_commands.h"
 #include "shell/table_commands.h"
+#include "shell/template_actions.h"
 #include "tools/letter_case.h"
 
 namespace quill::shell {
@@ -12,10 +14,6 @@ namespace {
 
 std::int64_t ChangeCaseOfSelection(TransformContext& context) {
   return tools::ChangeCase(context.document->tree(), static_cast<tools::CaseType>(context.command));
-}
-
-void NothingCopiedNotBuiltYet(TransformContext& context) {
-  SayNotBuiltYet(context.services);
 }
 
 using enum TransformInput;
@@ -29,11 +27,11 @@ constexpr TransformRow kTransforms[] = {
     {5, "ChangeCase", Document, WhenPositive, ChangeCaseOfSelection},
     {6, "SaveAsHtml", Document, WhenPositive, SaveAsHtml},
     {7, "SaveAsWordDocument", Document, WhenPositive, SaveAsWordDocument},
-    {8, "SaveAsTemplate", Document, WhenPositive, TransformNotBuiltYet},
+    {8, "SaveAsTemplate", Document, WhenPositive, SaveAsTemplate},
     {9, "ConvertToPPT", Document, Never, ConvertToPPT},
     {10, "WordCount", Document, Never, WordCount},
-    {11, "OpenLocalLink", Fragment, Never, TransformNotBuiltYet},
-    {12, "OpenCloudFileAttachmentLink", Fragment, Never, TransformNotBuiltYet},
+    {11, "OpenLocalLink", Fragment, Never, OpenLocalLink},
+    {12, "OpenCloudFileAttachmentLink", Fragment, Never, OpenCloudFileAttachmentLink},
     {13, "ImageCrop", Document, Never, ImageCrop, ImageCropViaImageFormat},
     {14, "OpenPicture", Document, Never, OpenPicture, OpenPictureViaImageFormat},
     {15, "ChangeTableStyle", Document, WhenPositive, ChangeTableStyle},
@@ -44,7 +42,7 @@ constexpr TransformRow kTransforms[] = {
     {10001, "ExportLog", Whole, WhenPositive, ExportLog},
     {10002, "InsertPhonetics", Fragment, WhenPositive, InsertPhonetics},
     // The link's text and target are in the selection itself, not in the head around it.
-    {10003, "VarLink", Fragment, Never, TransformNotBuiltYet, NothingCopiedNotBuiltYet},
+    {10003, "VarLink", Fragment, Never, VarLink, VarLinkWithoutSelection},
 };
 
 }  // namespace
@@ -58,11 +56,6 @@ const TransformRow* FindTransform(std::int64_t number) {
     if (row.number == number) return &row;
   }
   return nullptr;
-}
-
-std::int64_t TransformNotBuiltYet(TransformContext& context) {
-  SayNotBuiltYet(context.services);
-  return 0;
 }
 
 }  // namespace quill::shell

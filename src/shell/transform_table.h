@@ -45,7 +45,4 @@ std::span<const TransformRow> TransformTable();
 /// The row of a number, or null.
 const TransformRow* FindTransform(std::int64_t number);
 
-/// The one transform behind every number whose tool does not exist yet: says so and returns 0.
-std::int64_t TransformNotBuiltYet(TransformContext& context);
-
 }  // namespace quill::shell

@@ -8,7 +8,7 @@ struct CommandContext;
 /// True for a link that this program is asked to open by the system: "qvar://" in lower case.
 bool IsVariableLink(std::string_view url);
 
-/// What a click on such a link does, with the whole raw text. Command thread.
+/// Opens what a clicked link means on this machine, given its whole raw text. Command thread.
 void ResponseClickOnVarLink(CommandContext& context, std::string_view url);
 
 }  // namespace quill::shell

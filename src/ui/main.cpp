@@ -26,6 +26,7 @@ struct Arguments {
   std::filesystem::path root;
   std::optional<std::filesystem::path> tour;
   bool practice = false;
+  bool install = false;
   bool exitWhenReady = false;
   bool version = false;
   std::string url;  ///< the link that the system starts the program with
@@ -40,6 +41,8 @@ std::optional<Arguments> ParseArguments(int argc, char** argv) {
     const bool hasValue = i + 1 < argc;
     if (word == "--practice") {
       arguments.practice = true;
+    } else if (word == "install") {
+      arguments.install = true;
     } else if (word == "--exit-when-ready") {
       arguments.exitWhenReady = true;
     } else if (word == "--version") {
@@ -61,11 +64,12 @@ std::optional<Arguments> ParseArguments(int argc, char** argv) {
 
 /// What this start wants of an instance that runs already.
 nlohmann::json RequestOf(const Arguments& arguments) {
+  if (arguments.install) return {{"install", true}};
   if (!arguments.url.empty()) return {{"url", arguments.url}};
   return {{"trigger", arguments.practice ? "MenuItemPracticeNotebookClick" : "MenuItemShowMenuClick"}};
 }
 
-/// Hands a link, or the wish to see the menu, to the instance that runs. False when none answers.
+/// Hands a link, or another wish, to the instance that runs. False when none answers.
 bool HandOver(const Arguments& arguments) {
   const auto path = quill::platform::LocalChannelPath(arguments.root);
   if (!path.ok()) return false;
@@ -108,6 +112,7 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "quillmenu: already running, but it does not answer\n");
     return 1;
   }
+  if (arguments->install) program.InstallShortcut();
   if (!arguments->url.empty()) program.OpenLink(arguments->url);
   if (arguments->exitWhenReady) QuitWhenReady(app, program.tray());
   if (arguments->practice) program.OpenPractice();

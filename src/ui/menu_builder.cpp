@@ -14,6 +14,7 @@ using shell::Place;
 
 // "Add", "Manage" and the line below them.
 constexpr int kFixedFavouriteItems = 3;
+constexpr int kWidestFavourite = 48;  // average characters; the whole title is in the tool tip
 
 /// The rows of one submenu of favourites.
 struct Favourites {
@@ -34,7 +35,17 @@ QString Escaped(QString title) {
   return title.replace('&', "&&");
 }
 
+/// Plain text for a tool tip, which would take some texts for markup.
+QString PlainTip(const QString& text) {
+  return text.isEmpty() ? text : QStringLiteral("<qt>%1</qt>").arg(text.toHtmlEscaped());
+}
+
 }  // namespace
+
+QString FavouriteTitleOf(const shell::StringTable& strings, const shell::FavouriteItem& item) {
+  const QString title = ToQt(item.title).simplified();
+  return title.isEmpty() ? ToQt(strings.Text("strFavouriteUntitled")) : title;
+}
 
 ActionMenu::ActionMenu(const shell::StringTable& strings, OnAction onAction)
     : m_strings(strings), m_onAction(std::move(onAction)), m_menu(std::make_unique<QMenu>()) {
@@ -44,6 +55,7 @@ ActionMenu::ActionMenu(const shell::StringTable& strings, OnAction onAction)
 void ActionMenu::Retranslate() {
   m_entries.clear();
   m_favourites.clear();
+  m_listed.clear();
   m_groups.clear();
   m_menu->clear();
   qDeleteAll(m_menu->findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
@@ -120,6 +132,10 @@ QAction* ActionMenu::AddEntry(QMenu& menu, const QString& title, const CommandRo
 }
 
 void ActionMenu::FillFavourites(const CommandRow& row, const std::vector<shell::FavouriteItem>& items) {
+  // A submenu that is open keeps its place while nothing changes.
+  const auto [listed, isNew] = m_listed.try_emplace(&row);
+  if (!isNew && listed->second == items) return;
+  listed->second = items;
   QMenu& menu = *m_favourites.at(&row);
   m_entries.erase(&row);
   const QList<QAction*> old = menu.actions().mid(kFixedFavouriteItems);
@@ -127,8 +143,12 @@ void ActionMenu::FillFavourites(const CommandRow& row, const std::vector<shell::
     menu.removeAction(action);
     action->deleteLater();
   }
+  const QFontMetrics metrics(menu.font());
   for (const shell::FavouriteItem& item : items) {
-    AddEntry(menu, Escaped(ToQt(item.title)), row, item.argument);
+    const QString title = FavouriteTitleOf(m_strings, item);
+    const QString shown =
+        metrics.elidedText(title, Qt::ElideRight, metrics.averageCharWidth() * kWidestFavourite);
+    AddEntry(menu, Escaped(shown), row, item.argument)->setData(title);
   }
 }
 
@@ -138,7 +158,7 @@ void ActionMenu::Update(const shell::MenuState& state) {
   for (const auto& [row, action] : m_entries) {
     const std::string_view reason = shell::WhyNotNow(*row, state);
     action->setEnabled(reason.empty());
-    action->setToolTip(reason.empty() ? QString() : ToQt(m_strings.Text(reason)));
+    action->setToolTip(reason.empty() ? PlainTip(action->data().toString()) : ToQt(m_strings.Text(reason)));
     if (action->isCheckable()) action->setChecked(state.startWithMonday);
   }
 }

@@ -52,9 +52,13 @@ class ActionMenu {
   std::map<shell::CommandGroup, QMenu*> m_groups;
   std::multimap<const shell::CommandRow*, QAction*> m_entries;
   std::map<const shell::CommandRow*, QMenu*> m_favourites;  ///< by the row of their items
+  std::map<const shell::CommandRow*, std::vector<shell::FavouriteItem>> m_listed;  ///< what is in them
   std::map<const shell::CommandRow*, QKeySequence> m_hotKeys;
   shell::MenuState m_state;
 };
+
+/// How a favourite is shown: in one line, "(untitled)" without a title.
+QString FavouriteTitleOf(const shell::StringTable& strings, const shell::FavouriteItem& item);
 
 /// Gives every entry of a menu and its submenus a letter to be chosen by, each once in its menu: the first
 /// letter of a word where that is free, else any letter. Entries whose titles have no free letter get none.

@@ -7,6 +7,7 @@
 #include "shell/sign_in_request.h"
 #include "ui/kit/window_factory.h"
 #include "ui/web_plugin.h"
+#include "ui/windows/find_replace/win_onenote_online.h"
 #include "ui/windows/navigation/win_navigate_pane.h"
 #include "ui/windows/notebooks/win_notebook.h"
 #include "ui/windows/sign_in/win_login_online_onenote.h"
@@ -50,13 +51,18 @@ void AddLists(WindowFactory& windows, const shell::StringTable& strings, const O
       });
 }
 
-/// The editor's window is still to come: the command is told that it is closed, and the user why.
+/// Without the web engine the request goes, and with it the window's seat: the command ends.
 void AddEditor(WindowFactory& windows, const shell::StringTable& strings,
                const std::function<void(const std::string&)>& tell) {
-  windows.AddWindow<online::FindReplaceRequest>([&strings, tell](const auto&) -> QWidget* {
-    tell(std::string(strings.Text("msgNotBuiltYet")));
-    return nullptr;
-  });
+  windows.AddWindow<online::FindReplaceRequest>(
+      [&strings, tell](const online::FindReplaceRequest& request) -> QWidget* {
+        const Result<WebViews*> views = LoadWebViews();
+        if (views.ok())
+          return new MWinOneNoteOnline(strings, (*views)->CreateFindReplaceView(strings), request);
+        tell(strings.Format("errFindReplaceNoView", {views.error()}) + "\n\n" +
+             std::string(strings.Text("strFindReplaceInTerminal")));
+        return nullptr;
+      });
 }
 
 }  // namespace

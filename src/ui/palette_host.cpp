@@ -3,6 +3,7 @@
 #include "shell/page_title_tag.h"
 #include "ui/kit/key_text.h"
 #include "ui/kit/qt_text.h"
+#include "ui/menu_builder.h"
 
 namespace quill::ui {
 namespace {
@@ -15,6 +16,17 @@ bool IsInPalette(const CommandRow& row) {
   return (row.place == Place::Menu || row.place == Place::Palette) &&
          row.action != "MenuItemCommandPaletteClick";
 }
+
+/// The favourites of a kind, each an entry of its own.
+struct Favourites {
+  std::string_view item;
+  std::string_view group;
+  std::vector<shell::FavouriteItem> shell::MenuState::*items;
+};
+
+constexpr Favourites kFavourites[] = {
+    {"MenuItemFavoritePageItemClick", "menuGroupFavouritePages", &shell::MenuState::favouritePages},
+    {"MenuItemFavoriteSectionItemClick", "menuGroupFavouriteSections", &shell::MenuState::favouriteSections}};
 
 }  // namespace
 
@@ -30,9 +42,20 @@ void PaletteHost::Open() {
   m_palette->Open();
 }
 
+void PaletteHost::AppendFavourites(std::vector<PaletteEntry>& entries, const CommandRow& row) const {
+  for (const Favourites& one : kFavourites) {
+    if (row.action != one.item) continue;
+    const QString group = ToQt(m_strings.Text(one.group));
+    for (const shell::FavouriteItem& item : m_state.*one.items) {
+      entries.push_back({&row, item.argument, FavouriteTitleOf(m_strings, item), group, {}, {}});
+    }
+  }
+}
+
 std::vector<PaletteEntry> PaletteHost::Entries() const {
   std::vector<PaletteEntry> entries;
   for (const CommandRow& row : shell::CommandTable()) {
+    if (row.place == Place::Dynamic) AppendFavourites(entries, row);
     if (!IsInPalette(row)) continue;
     PaletteEntry entry{
         &row, {}, ToQt(m_strings.Text(row.titleKey)), ToQt(m_strings.Text(shell::GroupTitleKey(row.group))),
@@ -64,7 +87,10 @@ PaletteProblems PaletteHost::Problems() const {
 }
 
 void PaletteHost::Update(const shell::MenuState& state) {
+  const bool areOthers =
+      m_state.favouritePages != state.favouritePages || m_state.favouriteSections != state.favouriteSections;
   m_state = state;
+  if (areOthers) return Retranslate();
   if (m_palette != nullptr) m_palette->SetProblems(Problems());
 }
 

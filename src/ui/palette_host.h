@@ -11,8 +11,8 @@
 
 namespace quill::ui {
 
-/// The palette's place in the program: makes it at the first opening, from the command table, and keeps it.
-/// GUI thread.
+/// The palette's place in the program: makes it at the first opening, from the command table and the user's
+/// favourites, and keeps it. GUI thread.
 class PaletteHost {
  public:
   /// `strings` outlives this object. `recency` and `onChosen` as in `WinPalette`.
@@ -20,7 +20,8 @@ class PaletteHost {
 
   void Open();
 
-  /// What is missing on the desktop, and which keys actions have, for the next opening and an open palette.
+  /// What is missing on the desktop, which favourites there are, and which keys actions have, for the next
+  /// opening and an open palette.
   void Update(const shell::MenuState& state);
   void Update(const std::vector<HotKeyState>& hotKeys);
 
@@ -29,6 +30,7 @@ class PaletteHost {
 
  private:
   std::vector<PaletteEntry> Entries() const;
+  void AppendFavourites(std::vector<PaletteEntry>& entries, const shell::CommandRow& row) const;
   PaletteProblems Problems() const;
 
   const shell::StringTable& m_strings;

@@ -121,6 +121,10 @@ void Program::OpenLink(const std::string& url) {
   m_application->OpenLink(url, [this](const shell::Outcome& outcome) { TellRefusal(outcome); });
 }
 
+void Program::InstallShortcut() {
+  m_application->InstallShortcut([this](const shell::Outcome& outcome) { TellRefusal(outcome); });
+}
+
 void Program::Remember(const shell::CommandRow& row, std::optional<std::int64_t> argument) {
   if (row.place == shell::Place::Nowhere || row.group == shell::CommandGroup::Top) return;
   m_recentActions = shell::WithRecent(m_recentActions, shell::RecentName(row.action, argument));

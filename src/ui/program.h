@@ -9,6 +9,7 @@
 #include "ui/appearance.h"
 #include "ui/backends.h"
 #include "ui/equation_host.h"
+#include "ui/file_windows_library.h"
 #include "ui/hot_key_center.h"
 #include "ui/kit/file_panels.h"
 #include "ui/kit/qt_user_interface.h"
@@ -50,6 +51,9 @@ class Program {
   /// Opens a "qvar://" link that the program was started with or that the system handed over.
   void OpenLink(const std::string& url);
 
+  /// Gives OneNote's command "Copy Link to Page" its keys.
+  void InstallShortcut();
+
   Tray& tray() { return m_tray; }
   PracticeHost& practice() { return m_practice; }
   shell::Application& application() { return *m_application; }
@@ -60,6 +64,7 @@ class Program {
   /// Tells the factory which window belongs to which request.
   void AddWindows();
   void AddToolWindows();
+  LibraryHooks Library();
   void AddHosts();
   void AddPagesWindows();
   QWidget* OpenAbout();

@@ -2,8 +2,13 @@
 
 #include "shell/onenote_main.h"
 #include "shell/window_requests.h"
+#include "ui/backup_windows.h"
 #include "ui/content_windows.h"
 #include "ui/engine_windows.h"
+#include "ui/file_windows_library.h"
+#include "ui/file_windows_links.h"
+#include "ui/file_windows_packages.h"
+#include "ui/kit/on_gui.h"
 #include "ui/online_windows.h"
 #include "ui/program.h"
 #include "ui/windows/image/win_image.h"
@@ -65,8 +70,23 @@ void Program::AddWindows() {
   });
 }
 
+LibraryHooks Program::Library() {
+  return {[this](const std::string& name, LibraryHooks::Job job, std::function<void()> done) {
+    m_application->RunJob(name, std::move(job),
+                          [this, done = std::move(done)](const shell::Outcome& outcome) {
+                            TellRefusal(outcome);
+                            OnGui(done);
+                          });
+  }};
+}
+
 void Program::AddToolWindows() {
   AddContentWindows(m_windows, m_strings, m_imagePanels);
+  AddPackageWindows(m_windows, m_strings, m_imagePanels);
+  AddLibraryWindows(m_windows, m_strings, m_folders, Library());
+  AddBackupWindows(m_windows, {m_strings, m_clock, *m_application, m_folders,
+                               [this](const shell::Outcome& outcome) { TellRefusal(outcome); }});
+  AddLinkWindows(m_windows, m_strings);
   AddEngineWindows(m_windows, m_strings, m_equations, [this](const std::string& text) { m_ui.Tell(text); });
   OnlineWindowHooks online;
   online.tell = [this](const std::string& text) { m_ui.Tell(text); };

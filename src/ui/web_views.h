@@ -11,6 +11,7 @@
 #include "platform/practice/practice_target.h"
 #include "shell/string_table.h"
 #include "ui/equation_view.h"
+#include "ui/find_replace_view.h"
 #include "ui/sign_in_view.h"
 
 class QWidget;
@@ -100,8 +101,11 @@ class WebViews {
 
   /// One for each sign-in: its cookies end with it. The string table must outlive the view.
   virtual std::unique_ptr<SignInView> CreateSignInView(const shell::StringTable& strings) = 0;
+
+  /// One for each editor of a page. The string table must outlive the view.
+  virtual std::unique_ptr<FindReplaceView> CreateFindReplaceView(const shell::StringTable& strings) = 0;
 };
 
 }  // namespace quill::ui
 
-Q_DECLARE_INTERFACE(quill::ui::WebViews, "quillmenu.WebViews/2")
+Q_DECLARE_INTERFACE(quill::ui::WebViews, "quillmenu.WebViews/3")

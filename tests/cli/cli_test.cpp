@@ -108,7 +108,7 @@ TEST_F(Quill, RefusesBadInputWithAReason) {
       {"run 4711 --in -", "", 2, "4711"},
       {"run uppercas --in -", "", 2, "MenuItemUpperCaseClick"},
       {"run 6 --in - --fragment", "<p>a</p>", 2, "--file"},
-      {"run 11 --in - --fragment --out result", "<p>a</p>", 1, "not built yet"},
+      {"run 11 --in - --fragment --out result", "<p>a</p>", 1, "Select a link"},
       {"run 15 --in - --fragment", "<table/>", 2, "--style"},
       {"run 15 --style 35 --in - --fragment --out result", "<table/>", 2, "\"35\""},
       {"run 16 --in - --fragment", "<p>a</p>", 1, "There is no table"},

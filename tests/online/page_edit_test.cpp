@@ -133,6 +133,13 @@ TEST(PageEdit, CountsMatchesAndElements) {
   }
 }
 
+// Pages come with an "&" by itself; what is put behind it must not make a character of the two.
+TEST(PageEdit, KeepsAnAmpersandWhatItIs) {
+  const std::string page = "<p id=\"p:1\">R&D, &#D, R&amp;D</p>";
+  EXPECT_EQ(Changes(page, "D", "amp;"), "p:1: <p>R&amp;amp;, &#amp;, R&amp;amp;</p>\n");
+  EXPECT_EQ(Changes(page, "D", "65;"), "p:1: <p>R&amp;65;, &amp;#65;, R&amp;65;</p>\n");
+}
+
 // What no page may hold does not get into one; a page that is none is refused.
 TEST(PageEdit, KeepsPagesWellFormed) {
   EXPECT_EQ(Changes("<p id=\"p:1\">ab</p>", "b", std::string("1\0\x01\xFF\xEF\xBF\xBF\t2", 10)),

@@ -6,6 +6,7 @@
 #include <mutex>
 #include <nlohmann/json.hpp>
 
+#include "base/atomic_file.h"
 #include "platform/posix/local_channel.h"
 #include "program_world.h"
 
@@ -71,6 +72,32 @@ class DesktopLinkTest : public ProgramTest {
   std::string m_path;
 };
 
+/// That desktop with a program for texts and scripts, which writes down what it is given.
+class OpenedLinkTest : public DesktopLinkTest {
+ protected:
+  void SetUp() override {
+    DesktopLinkTest::SetUp();
+    Write("bin/recorder", "#!/bin/sh\necho \"$1\" >>'" + (folder / "opened").string() + "'\n");
+    fs::permissions(folder / "bin/recorder", fs::perms::owner_all);
+    Write("data/applications/recorder.desktop",
+          "[Desktop Entry]\nType=Application\nName=Recorder\nExec=recorder %f\n"
+          "MimeType=text/plain;text/x-shellscript;application/x-shellscript;\n");
+    ASSERT_EQ(
+        std::system(
+            "xdg-mime default recorder.desktop text/plain text/x-shellscript application/x-shellscript"),
+        0);
+    Write("root/home/Notes/ä b#c.txt", "a note\n");
+    Write("root/home/run.sh", "#!/bin/sh\n");
+  }
+
+  void Write(const std::string& name, const std::string& text) const {
+    fs::create_directories((folder / name).parent_path());
+    std::ofstream(folder / name) << text;
+  }
+  std::string Opened() const { return ReadFile(folder / "opened").ValueOr(""); }
+  std::string Line(const std::string& name) const { return (folder / "root/home" / name).string() + "\n"; }
+};
+
 // A link's text is a path with variables: one changed character opens another file.
 TEST_F(ProgramTest, HandsALinkOverAsItCame) {
   Listener listener(Channel());
@@ -100,6 +127,28 @@ TEST_F(DesktopLinkTest, IsWhoTheDesktopAsksForItsLinks) {
   std::string handler;
   std::ifstream(folder / "handler") >> handler;
   EXPECT_EQ(handler, "quillmenu.desktop");
+}
+
+// The whole way: a click anywhere, the desktop, the running program, the file's own application.
+TEST_F(OpenedLinkTest, OpensTheFileOfALinkThatIsClickedAnywhere) {
+  StartMenu();
+  const auto opener = world.Start({"xdg-open", "qvar://%USERPROFILE%/Notes/%C3%A4%20b%23c.txt"});
+  EXPECT_TRUE(Eventually([&] { return Opened() == Line("Notes/ä b#c.txt"); })) << Opened();
+  EXPECT_FALSE(IsThere(kBoxTitle));
+}
+
+// A page must not start programs by a link: the answer that Return gives is NO.
+TEST_F(OpenedLinkTest, AsksBeforeItOpensAScript) {
+  StartMenu();
+  for (const std::vector<xcb_keysym_t>& keys : {std::vector{kReturn}, {kEscape}, {kRight, kReturn}}) {
+    EXPECT_EQ(Opened(), "");
+    EXPECT_EQ(StartAgain({"qvar://%USERPROFILE%/run.sh"}), 0);
+    ASSERT_TRUE(world.BecomesActive(kBoxTitle));
+    for (const xcb_keysym_t key : keys) Tap(key);
+    EXPECT_TRUE(Disappears(kBoxTitle));
+    EXPECT_TRUE(CommandEnds());
+  }
+  EXPECT_TRUE(Eventually([&] { return Opened() == Line("run.sh"); })) << Opened();
 }
 
 }  // namespace

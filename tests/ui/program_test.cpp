@@ -36,7 +36,7 @@ TEST_F(ProgramTest, DoesWhatTheCommandLineAsksOnTheLiveSelection) {
   EXPECT_THAT(said, Not(HasSubstr("COPIED"))) << "page content in the explanation";
   EXPECT_THAT(window->WaitForLine("pasted "), HasSubstr("<p>COPIED</p>"));
   EXPECT_EQ(Quill("trigger packagenotebooks"), 1);
-  EXPECT_THAT(said, HasSubstr("not built yet"));
+  EXPECT_THAT(said, HasSubstr("OneNote folder not found!!"));
 }
 
 // A setting that the command line changes must hold in the running program at once, and survive its own

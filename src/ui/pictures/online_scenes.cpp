@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "shell/sign_in_request.h"
+#include "ui/pictures/find_replace_scene.h"
 #include "ui/pictures/scene_parts.h"
 #include "ui/web_plugin.h"
 #include "ui/windows/sign_in/win_login_online_onenote.h"
@@ -71,7 +72,8 @@ bool HasWebViews() {
 
 std::vector<Scene> OnlineScenes() {
   if (!HasWebViews()) return {};
-  return {{QStringLiteral("sign-in"), [](Studio& studio) { return OpenSignIn(studio, false); }},
+  return {{QStringLiteral("find-and-replace"), OpenFindReplace},
+          {QStringLiteral("sign-in"), [](Studio& studio) { return OpenSignIn(studio, false); }},
           {QStringLiteral("sign-in-not-reached"), [](Studio& studio) { return OpenSignIn(studio, true); }}};
 }
 

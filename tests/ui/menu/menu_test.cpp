@@ -56,7 +56,7 @@ TEST(ActionMenu, HoldsEachActionOfTheTableOnce) {
     ASSERT_EQ(entries.size(), row.place == Place::Menu && !isTag ? 1 : 0) << row.action;
     if (entries.isEmpty()) continue;
     world.chosen.clear();
-    entries.first()->setEnabled(true);  // tools that are not built yet are greyed
+    entries.first()->setEnabled(true);  // some need what is not there
     entries.first()->trigger();
     EXPECT_THAT(world.chosen, testing::ElementsAre(Chosen{std::string(row.action), std::nullopt}));
   }

@@ -1,25 +1,11 @@
 #include "ui/windows/notebooks/notebook_icon.h"
 
-#include <QSize>
-#include <QString>
-
-#include "ui/kit/qt_text.h"
-
-// Resources of a static library are there only for those who ask for them; the macro must stand outside
-// every namespace.
-static void LoadIconResource() {
-  Q_INIT_RESOURCE(icons);
-}
+#include "ui/kit/list_icon.h"
 
 namespace quill::ui {
 
 QIcon NotebookIconOf(std::string_view name) {
-  LoadIconResource();
-  QIcon icon;
-  for (const int size : {16, 24, 32, 48, 64}) {
-    icon.addFile(QStringLiteral(":/icons/%1%2.png").arg(ToQt(name)).arg(size), QSize(size, size));
-  }
-  return icon;
+  return ListIcon(name);
 }
 
 }  // namespace quill::ui
