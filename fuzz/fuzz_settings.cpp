@@ -3,10 +3,10 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "shell/property_list.h"
+#include "files/property_list.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using quill::shell::ParsePropertyList;
+  using quill::files::ParsePropertyList;
   const auto list = ParsePropertyList({reinterpret_cast<const char*>(data), size});
   if (!list.ok()) return 0;
   const auto once = list->ToXml();

@@ -72,6 +72,9 @@ int Save(const Call& call, const Options& options) {
   if (files::CheckTemplateName(name) != files::TemplateNameProblem::None)
     throw Stop(kWrongCall, fmt::format("\"{}\" cannot be the name of a template", name.substr(0, 80)));
   std::string html = ReadInputText(options.in);
+  if (!options.fragment && html.find(content::kStartMarker) == std::string::npos)
+    throw Stop(kWrongCall,
+               "the input is no copied page: it has no fragment marks (for HTML without them: --fragment)");
   if (options.fragment) html = content::JoinFragment(content::kBuiltHead, html, content::kBuiltTail);
   const platform::SystemClock clock;
   shell::Globals globals = shell::InitGlobals(call.root, clock);

@@ -60,6 +60,7 @@ TEST_F(Quill, KeepsTemplates) {
   EXPECT_EQ(saved.status, 0) << saved.err;
   EXPECT_EQ(saved.out + saved.err, "");
   EXPECT_EQ(Run("templates save b --in in --fragment", "<p>b</p>").status, 0);
+  EXPECT_EQ(Run("templates save c", "<p>c</p>").status, 2) << "an empty template instead of the input";
   EXPECT_EQ(Run("templates list").out, "b\nWeekly review\n");
   fs::create_directory(m_folder / "exported");
   ASSERT_EQ(Run("templates export exported").out, "2 copied, 0 there already\n");

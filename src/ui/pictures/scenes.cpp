@@ -19,6 +19,7 @@
 #include "ui/kit/win_input.h"
 #include "ui/pictures/content_scenes.h"
 #include "ui/pictures/engine_scenes.h"
+#include "ui/pictures/file_scenes.h"
 #include "ui/pictures/library_scenes.h"
 #include "ui/pictures/list_scenes.h"
 #include "ui/pictures/monitor_scenes.h"
@@ -248,6 +249,7 @@ std::vector<Scene> Scenes() {
   for (Scene& scene : EngineScenes()) scenes.push_back(std::move(scene));
   for (Scene& scene : MonitorScenes()) scenes.push_back(std::move(scene));
   for (Scene& scene : OnlineScenes()) scenes.push_back(std::move(scene));
+  for (Scene& scene : FileScenes()) scenes.push_back(std::move(scene));
   for (Scene& scene : LibraryScenes()) scenes.push_back(std::move(scene));
   for (Scene& scene : ListScenes()) scenes.push_back(std::move(scene));
   return scenes;
