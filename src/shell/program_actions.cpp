@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "files/store/onenote_store.h"
 #include "shell/command_table.h"
 #include "shell/embedded_files.h"
 #include "shell/onenote_main.h"
@@ -12,8 +13,6 @@ namespace quill::shell {
 namespace {
 
 constexpr std::string_view kOneNoteBundle = "/Applications/Microsoft OneNote.app";
-constexpr std::string_view kCacheFolder =
-    "Containers/com.microsoft.onenote.mac/Data/Library/Application Support/Microsoft User Data/OneNote";
 
 void Say(CommandContext& context, std::string_view key) {
   context.services.ui.ShowMessage(context.services.strings.Text(key));
@@ -52,8 +51,8 @@ void RunOneNote(CommandContext& context, const CommandRow&) {
 }
 
 void ShowCacheFolder(CommandContext& context, const CommandRow&) {
-  SayUnlessOpened(
-      context, context.services.workspace.Reveal(context.globals.folders.roots.userLibrary / kCacheFolder));
+  SayUnlessOpened(context, context.services.workspace.Reveal(context.globals.folders.roots.userLibrary /
+                                                             files::kOneNoteDataFolder));
 }
 
 void ImportNotebook(CommandContext& context, const CommandRow&) {

@@ -11,16 +11,18 @@ namespace {
 
 using platform::NativeBackend;
 
-/// Passes the idle time on from a desktop that is opened when it is first asked for.
+/// Tells the day's jobs of a desktop that is opened when it is first asked for, and of the practice notebook.
 class IdleSource final : public platform::Desktop {
  public:
-  explicit IdleSource(std::function<platform::Desktop*()> find) : m_find(std::move(find)) {}
+  IdleSource(std::function<platform::Desktop*()> find, PracticeHost& practice)
+      : m_find(std::move(find)), m_practice(practice) {}
 
   platform::ScriptResult RunScript(std::string_view) override {
     return {platform::ScriptProblem::Unsupported, {}};
   }
   bool ApplicationInstalled(std::string_view) override { return false; }
   bool OneNoteRunning() override {
+    if (m_practice.IsOpen()) return true;
     platform::Desktop* desktop = m_find();
     return desktop != nullptr && desktop->OneNoteRunning();
   }
@@ -31,6 +33,7 @@ class IdleSource final : public platform::Desktop {
 
  private:
   std::function<platform::Desktop*()> m_find;
+  PracticeHost& m_practice;
 };
 
 }  // namespace
@@ -45,9 +48,10 @@ struct Backends::State {
   std::unique_ptr<NativeBackend> native;
   platform::NoDesktop none{platform::ScriptProblem::Unsupported};
   IdleSource idleSource{[this]() -> platform::Desktop* {
-    NativeBackend* opened = Native();
-    return opened != nullptr ? &opened->desktop() : nullptr;
-  }};
+                          NativeBackend* opened = Native();
+                          return opened != nullptr ? &opened->desktop() : nullptr;
+                        },
+                        practice};
   platform::practice::PracticeDesktop practiceDesktop{practice,
                                                       [this] { return idleSource.GetIdleSeconds(); }};
 

@@ -26,7 +26,8 @@ class Backends {
   /// Ends what a command waits for, for good. GUI thread, before the command thread is joined.
   void Stop();
 
-  /// Tells the idle time. Opens the native desktop at the first question, not before. Command thread.
+  /// Tells the idle time, and whether OneNote or the practice notebook is open. Opens the native desktop at
+  /// the first question, not before. Command thread.
   platform::Desktop& idleSource();
 
  private:

@@ -35,6 +35,13 @@ class X11DesktopTest : public testing::Test {
   const shell::ScriptTable scripts = shell::BuiltInScripts();
 };
 
+// The day's backup waits for the window to be closed.
+TEST_F(X11DesktopTest, KnowsWhetherItsTargetIsOpen) {
+  EXPECT_FALSE(backend->desktop().OneNoteRunning());
+  const auto oneNote = world.Adversary();
+  EXPECT_TRUE(backend->desktop().OneNoteRunning());
+}
+
 // The everyday case: the target gets exactly the keys of the script and our text, and the user's clipboard
 // with all its forms, one of them of 3 MB, is back when it is over.
 TEST_F(X11DesktopTest, BorrowsTheClipboardForARoundTrip) {
