@@ -23,6 +23,7 @@
 #include "content/unicode_text.h"
 #include "content/working_document.h"
 #include "onenote_shapes.h"
+#include "page_timing.h"
 #include "platform/posix/memory_policy.h"
 
 namespace {
@@ -33,14 +34,6 @@ using Work = std::function<void(const std::string&)>;
 constexpr std::size_t kShapeSize = 3'000'000;
 // Small enough that both factors stay in the same cache and get their memory in the same way.
 constexpr std::size_t kLinearSize = 40'000;
-
-void Time(const std::string& name, std::string input, Work work) {
-  benchmark::RegisterBenchmark(name.c_str(), [input = std::move(input),
-                                              work = std::move(work)](benchmark::State& state) {
-    for (auto _ : state) work(input);
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * input.size()));
-  })->Unit(benchmark::kMicrosecond);
-}
 
 void ParseWithLibxmlHtml(const std::string& html) {
   htmlDocPtr doc =
@@ -85,15 +78,17 @@ void GoThereAndBack(const std::string& fragment) {
 void CompareOn(const std::string& shape, const std::string& fragment) {
   const std::string xml = HtmlToXml(fragment);
   const auto document = std::make_shared<const WorkingDocument>(std::move(*WorkingDocument::Parse(xml)));
-  Time("HtmlToXml/" + shape, fragment, [](const auto& in) { benchmark::DoNotOptimize(HtmlToXml(in)); });
-  Time("libxml2_html/" + shape, fragment, ParseWithLibxmlHtml);
-  Time("gumbo/" + shape, fragment, ParseWithGumbo);
+  quill::bench::TimePage("HtmlToXml/" + shape, fragment,
+                         [](const auto& in) { benchmark::DoNotOptimize(HtmlToXml(in)); });
+  quill::bench::TimePage("libxml2_html/" + shape, fragment, ParseWithLibxmlHtml);
+  quill::bench::TimePage("gumbo/" + shape, fragment, ParseWithGumbo);
   TimeParse("Parse/" + shape, xml);
-  Time("libxml2_xml/" + shape, xml, ParseWithLibxmlXml);
-  Time("Xml/" + shape, xml, [document](const auto&) { benchmark::DoNotOptimize(document->Xml()); });
-  Time("XmlToHtml/" + shape, document->Xml(),
-       [](const auto& in) { benchmark::DoNotOptimize(XmlToHtml(in)); });
-  Time("ThereAndBack/" + shape, fragment, GoThereAndBack);
+  quill::bench::TimePage("libxml2_xml/" + shape, xml, ParseWithLibxmlXml);
+  quill::bench::TimePage("Xml/" + shape, xml,
+                         [document](const auto&) { benchmark::DoNotOptimize(document->Xml()); });
+  quill::bench::TimePage("XmlToHtml/" + shape, document->Xml(),
+                         [](const auto& in) { benchmark::DoNotOptimize(XmlToHtml(in)); });
+  quill::bench::TimePage("ThereAndBack/" + shape, fragment, GoThereAndBack);
 }
 
 std::string Repeated(std::string_view piece, std::size_t factor) {
@@ -110,7 +105,8 @@ struct Shape {
 void GrowWith(const std::string& helper, const std::vector<Shape>& shapes, const Work& work) {
   for (const Shape& shape : shapes) {
     for (const std::size_t factor : {1, 10}) {
-      Time("Linear/" + helper + "/" + shape.name + "/" + std::to_string(factor), shape.make(factor), work);
+      quill::bench::TimePage("Linear/" + helper + "/" + shape.name + "/" + std::to_string(factor),
+                             shape.make(factor), work);
     }
   }
 }

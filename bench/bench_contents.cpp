@@ -10,6 +10,7 @@
 #include "onenote_shapes.h"
 #include "online/headings.h"
 #include "online/page_html.h"
+#include "page_timing.h"
 #include "platform/posix/memory_policy.h"
 
 namespace {
@@ -42,14 +43,6 @@ std::string NestedHeadings(std::size_t groups) {
   return html + "</div>";
 }
 
-void Time(const std::string& name, std::string page, std::function<void(const std::string&)> work) {
-  benchmark::RegisterBenchmark(name.c_str(), [page = std::move(page),
-                                              work = std::move(work)](benchmark::State& state) {
-    for (auto _ : state) work(page);
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * page.size()));
-  })->Unit(benchmark::kMicrosecond);
-}
-
 void Parse(const std::string& page) {
   if (!online::ParsePageHtml(page)) std::abort();
 }
@@ -65,13 +58,13 @@ void MakeContents(const std::string& page) {
 // Measured under the memory policy that the application runs under.
 int main(int argc, char** argv) {
   platform::KeepFreedMemory();
-  Time("Parse/page", Page(kElements), Parse);
-  Time("Contents/page", Page(kElements), MakeContents);
+  bench::TimePage("Parse/page", Page(kElements), Parse);
+  bench::TimePage("Contents/page", Page(kElements), MakeContents);
   // Small enough that both factors stay in the same cache.
   for (const std::size_t factor : {1, 10}) {
     const std::string end = std::string("/").append(std::to_string(factor));
-    Time("Linear/Contents/page" + end, Page(400 * factor), MakeContents);
-    Time("Linear/Contents/nested" + end, NestedHeadings(200 * factor), MakeContents);
+    bench::TimePage("Linear/Contents/page" + end, Page(400 * factor), MakeContents);
+    bench::TimePage("Linear/Contents/nested" + end, NestedHeadings(200 * factor), MakeContents);
   }
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();

@@ -10,6 +10,7 @@
 #include "onenote_shapes.h"
 #include "online/page_edit.h"
 #include "online/page_scanner.h"
+#include "page_timing.h"
 #include "platform/posix/memory_policy.h"
 
 namespace {
@@ -39,14 +40,6 @@ std::string NearlyFound(std::size_t count) {
   return html + "needle</p></div>";
 }
 
-void Time(const std::string& name, std::string page, std::function<void(const std::string&)> work) {
-  benchmark::RegisterBenchmark(name.c_str(), [page = std::move(page),
-                                              work = std::move(work)](benchmark::State& state) {
-    for (auto _ : state) work(page);
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * page.size()));
-  })->Unit(benchmark::kMicrosecond);
-}
-
 void CheckOnly(const std::string& page) {
   if (!online::CheckPageHtml(page).ok()) std::abort();
 }
@@ -69,14 +62,14 @@ std::function<void(const std::string&)> UndoOf(const std::string& page) {
 // Measured under the memory policy that the application runs under.
 int main(int argc, char** argv) {
   platform::KeepFreedMemory();
-  Time("Check/page", Page(kElements), CheckOnly);
-  Time("Replace/page", Page(kElements), Replace);
-  Time("Undo/page", Page(kElements), UndoOf(Page(kElements)));
+  bench::TimePage("Check/page", Page(kElements), CheckOnly);
+  bench::TimePage("Replace/page", Page(kElements), Replace);
+  bench::TimePage("Undo/page", Page(kElements), UndoOf(Page(kElements)));
   for (const std::size_t factor : {1, 10}) {
     const std::string end = std::string("/").append(std::to_string(factor));
-    Time("Linear/Replace/page" + end, Page(400 * factor), Replace);
-    Time("Linear/Undo/page" + end, Page(400 * factor), UndoOf(Page(400 * factor)));
-    Time("Linear/Replace/nearly" + end, NearlyFound(2000 * factor), Replace);
+    bench::TimePage("Linear/Replace/page" + end, Page(400 * factor), Replace);
+    bench::TimePage("Linear/Undo/page" + end, Page(400 * factor), UndoOf(Page(400 * factor)));
+    bench::TimePage("Linear/Replace/nearly" + end, NearlyFound(2000 * factor), Replace);
   }
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();

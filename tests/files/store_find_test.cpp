@@ -114,18 +114,18 @@ TEST(EmptyFolder, DeletesNothingElsewhere) {
   const test::TemporaryFolder folder;
   const fs::path precious = folder.Write("precious/a.txt", "a");
   const fs::path tmp = folder.path() / "Tmp";
-  folder.Write("Tmp/work/deep/b.txt", "b");
-  folder.Write("Tmp/work/.hidden", "");
+  folder.Write("Tmp/staged/deep/b.txt", "b");
+  folder.Write("Tmp/staged/.hidden", "");
   fs::create_directory_symlink(precious.parent_path(), tmp / "link");
-  fs::create_directory_symlink(precious.parent_path(), tmp / "work" / "link");
+  fs::create_directory_symlink(precious.parent_path(), tmp / "staged" / "link");
   for (const fs::path& wrong : {fs::path(), folder.path(), precious.parent_path(), tmp / ".." / "precious",
                                 tmp / "link", tmp / "missing", fs::path("/")})
     EXPECT_FALSE(EmptyFolder(wrong, tmp).ok()) << wrong;
   EXPECT_FALSE(EmptyFolder("/", "/").ok());
   EXPECT_FALSE(EmptyFolder(tmp, "").ok());
-  EXPECT_TRUE(fs::exists(tmp / "work" / "deep" / "b.txt"));
-  EXPECT_TRUE(EmptyFolder(tmp / "work" / "deep", tmp).ok());
-  EXPECT_TRUE(fs::is_empty(tmp / "work" / "deep"));
+  EXPECT_TRUE(fs::exists(tmp / "staged" / "deep" / "b.txt"));
+  EXPECT_TRUE(EmptyFolder(tmp / "staged" / "deep", tmp).ok());
+  EXPECT_TRUE(fs::is_empty(tmp / "staged" / "deep"));
   EXPECT_TRUE(EmptyFolder(tmp, tmp).ok());
   EXPECT_TRUE(fs::is_empty(tmp));
   EXPECT_TRUE(fs::exists(precious));
